@@ -1,0 +1,1 @@
+// Compiles the shared Qt precompiled header; it has no code of its own.
