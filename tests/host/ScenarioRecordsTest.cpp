@@ -105,10 +105,7 @@ TEST(ScenarioRecords, HostTagsAreDistinctAndCarryTheHostPrefix)
   std::set<std::string> tags(std::begin(KELVOR_GD_ALL_TAGS), std::end(KELVOR_GD_ALL_TAGS));
   EXPECT_EQ(29u, tags.size());
   for (const std::string& tag : tags)
-  {
-    if (tag != KELVOR_GD_CLEAR)
-      EXPECT_EQ(0u, tag.rfind(KELVOR_GD_KEYWORD, 0)) << tag;
-  }
+    EXPECT_TRUE(tag == KELVOR_GD_CLEAR || tag.rfind(KELVOR_GD_KEYWORD, 0) == 0) << tag;
   EXPECT_STREQ("KELVOR_TrackColor", KELVOR_GD_TRACKCOLOR);
   EXPECT_STREQ("arialbd.ttf 50", GENDATA_TITLEFONT);
 }
