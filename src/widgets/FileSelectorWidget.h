@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+
+class QLineEdit;
+class QToolButton;
+
+namespace kelQt
+{
+
+/// A file name in a line edit, with a button that opens a file chooser.
+class FileSelectorWidget : public QWidget
+{
+  Q_OBJECT
+public:
+  explicit FileSelectorWidget(QWidget* parent = nullptr);
+
+  /// @return the file name shown.
+  QString filename() const;
+  /// @return the chooser's filter, as "Scenarios (*.kls)".
+  QString filter() const { return filter_; }
+  void setFilter(const QString& filter) { filter_ = filter; }
+
+public slots:
+  /// Shows name; emits filenameChanged when it differs from the one shown.
+  void setFilename(const QString& name);
+
+signals:
+  /// The file name changed, by the user or by setFilename.
+  void filenameChanged(const QString& name);
+
+private:
+  void browse_();
+
+  QLineEdit* edit_;
+  QToolButton* button_;
+  QString filter_;
+  QString last_;
+};
+
+} // namespace kelQt
