@@ -25,6 +25,12 @@ struct Mat3
   double m[3][3];
 
   static Mat3 identity() { return {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}}; }
+  static Mat3 of(const double m[3][3])
+  {
+    Mat3 r;
+    std::copy(&m[0][0], &m[0][0] + 9, &r.m[0][0]);
+    return r;
+  }
   static Mat3 fromEuler(const Vec3& ypr)
   {
     Mat3 r;
@@ -270,9 +276,7 @@ bool CoordinateConverter::toEcef_(const Coordinate& in, EcefState& state) const
   }
   case CoordinateSystem::XEAST:
   case CoordinateSystem::GTP: {
-    const Mat3 refNed{{{refNedFromEcef_[0][0], refNedFromEcef_[0][1], refNedFromEcef_[0][2]},
-                       {refNedFromEcef_[1][0], refNedFromEcef_[1][1], refNedFromEcef_[1][2]},
-                       {refNedFromEcef_[2][0], refNedFromEcef_[2][1], refNedFromEcef_[2][2]}}};
+    const Mat3 refNed = Mat3::of(refNedFromEcef_);
     const Mat3 ecefFromTangent = (NED_FROM_ENU * refNed).transposed();
     Mat3 tangentFromSystem = Mat3::identity();
     Vec3 tangent = p;
@@ -330,9 +334,7 @@ bool CoordinateConverter::fromEcef_(const EcefState& state, Coordinate& out, Coo
   }
   case CoordinateSystem::XEAST:
   case CoordinateSystem::GTP: {
-    const Mat3 refNed{{{refNedFromEcef_[0][0], refNedFromEcef_[0][1], refNedFromEcef_[0][2]},
-                       {refNedFromEcef_[1][0], refNedFromEcef_[1][1], refNedFromEcef_[1][2]},
-                       {refNedFromEcef_[2][0], refNedFromEcef_[2][1], refNedFromEcef_[2][2]}}};
+    const Mat3 refNed = Mat3::of(refNedFromEcef_);
     const Mat3 tangentFromEcef = NED_FROM_ENU * refNed;
     Vec3 tangent = tangentFromEcef * (state.position - refEcef_);
     systemFromEcef = tangentFromEcef;

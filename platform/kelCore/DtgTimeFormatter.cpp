@@ -5,7 +5,7 @@
 
 #include <cctype>
 #include <cstdio>
-#include <regex>
+#include "kelCore/TextScanner.h"
 
 namespace kelCore
 {
@@ -25,18 +25,16 @@ std::string DtgTimeFormatter::toString(const TimeStamp& stamp, int, unsigned sho
 
 int DtgTimeFormatter::fromString(const std::string& text, TimeStamp& stamp, int) const
 {
-  static const std::regex pattern(R"((\d{2})(\d{2})(\d{2}):(\d{1,2}(\.\d*)?)\s+Z\s+([A-Za-z]{3})(\d{2}))",
-                                  std::regex::icase);
-  std::smatch m;
+  TextScanner in(text);
+  int day = 0, hour = 0, minute = 0, twoDigitYear = 0;
   double seconds = 0.0;
-  if (!std::regex_match(text, m, pattern) || !readSecondsField(m[4].str(), seconds))
+  std::string month;
+  if (!in.digits(2, 2, day) || !in.digits(2, 2, hour) || !in.digits(2, 2, minute) || !in.literal(':') ||
+      !in.seconds(seconds) || !in.blanks() || !in.literal('Z', true) || !in.blanks() || !in.letters(3, month) ||
+      !in.digits(2, 2, twoDigitYear) || !in.atEnd())
     return 1;
-  const int twoDigitYear = std::stoi(m[7].str());
   const int year = twoDigitYear < 70 ? 2000 + twoDigitYear : 1900 + twoDigitYear;
-  return makeCalendarStamp(year, monthFromName(m[6].str()), std::stoi(m[1].str()), std::stoi(m[2].str()),
-                           std::stoi(m[3].str()), seconds, stamp)
-             ? 0
-             : 1;
+  return makeCalendarStamp(year, monthFromName(month), day, hour, minute, seconds, stamp) ? 0 : 1;
 }
 
 } // namespace kelCore

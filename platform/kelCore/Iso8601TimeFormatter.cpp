@@ -4,7 +4,7 @@
 #include "kelCore/TimeTextParts.h"
 
 #include <cstdio>
-#include <regex>
+#include "kelCore/TextScanner.h"
 
 namespace kelCore
 {
@@ -20,15 +20,17 @@ std::string Iso8601TimeFormatter::toString(const TimeStamp& stamp, int, unsigned
 
 int Iso8601TimeFormatter::fromString(const std::string& text, TimeStamp& stamp, int) const
 {
-  static const std::regex pattern(R"((\d{4})-(\d{2})-(\d{2})[T ](\d{2}):(\d{2}):(\d{2}(\.\d*)?)Z?)");
-  std::smatch m;
+  TextScanner in(text);
+  int year = 0, month = 0, day = 0, hour = 0, minute = 0;
   double seconds = 0.0;
-  if (!std::regex_match(text, m, pattern) || !readSecondsField(m[6].str(), seconds))
+  if (!in.digits(4, 4, year) || !in.literal('-') || !in.digits(2, 2, month) || !in.literal('-') ||
+      !in.digits(2, 2, day) || !(in.literal('T') || in.literal(' ')) || !in.digits(2, 2, hour) || !in.literal(':') ||
+      !in.digits(2, 2, minute) || !in.literal(':') || !in.seconds(seconds))
     return 1;
-  return makeCalendarStamp(std::stoi(m[1].str()), std::stoi(m[2].str()) - 1, std::stoi(m[3].str()),
-                           std::stoi(m[4].str()), std::stoi(m[5].str()), seconds, stamp)
-             ? 0
-             : 1;
+  in.optional('Z');
+  if (!in.atEnd())
+    return 1;
+  return makeCalendarStamp(year, month - 1, day, hour, minute, seconds, stamp) ? 0 : 1;
 }
 
 } // namespace kelCore

@@ -4,7 +4,7 @@
 #include "kelCore/TimeTextParts.h"
 
 #include <cstdio>
-#include <regex>
+#include "kelCore/TextScanner.h"
 
 namespace kelCore
 {
@@ -20,16 +20,15 @@ std::string MonthDayTimeFormatter::toString(const TimeStamp& stamp, int, unsigne
 
 int MonthDayTimeFormatter::fromString(const std::string& text, TimeStamp& stamp, int) const
 {
-  static const std::regex pattern(R"(([A-Za-z]{3})\s+(\d{1,2})\s+(\d{4})\s+(\d{1,2}):(\d{2}):(\d{1,2}(\.\d*)?))");
-  std::smatch m;
+  TextScanner in(text);
+  std::string month;
+  int day = 0, year = 0, hour = 0, minute = 0;
   double seconds = 0.0;
-  if (!std::regex_match(text, m, pattern) || !readSecondsField(m[6].str(), seconds))
+  if (!in.letters(3, month) || !in.blanks() || !in.digits(1, 2, day) || !in.blanks() || !in.digits(4, 4, year) ||
+      !in.blanks() || !in.digits(1, 2, hour) || !in.literal(':') || !in.digits(2, 2, minute) || !in.literal(':') ||
+      !in.seconds(seconds) || !in.atEnd())
     return 1;
-  const int month = monthFromName(m[1].str());
-  return makeCalendarStamp(std::stoi(m[3].str()), month, std::stoi(m[2].str()), std::stoi(m[4].str()),
-                           std::stoi(m[5].str()), seconds, stamp)
-             ? 0
-             : 1;
+  return makeCalendarStamp(year, monthFromName(month), day, hour, minute, seconds, stamp) ? 0 : 1;
 }
 
 } // namespace kelCore

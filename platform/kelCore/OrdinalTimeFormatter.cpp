@@ -4,7 +4,7 @@
 #include "kelCore/TimeTextParts.h"
 
 #include <cstdio>
-#include <regex>
+#include "kelCore/TextScanner.h"
 
 namespace kelCore
 {
@@ -19,15 +19,13 @@ std::string OrdinalTimeFormatter::toString(const TimeStamp& stamp, int, unsigned
 
 int OrdinalTimeFormatter::fromString(const std::string& text, TimeStamp& stamp, int) const
 {
-  static const std::regex pattern(R"((\d{1,3})\s+(\d{4})\s+(\d{1,2}):(\d{2}):(\d{1,2}(\.\d*)?))");
-  std::smatch m;
+  TextScanner in(text);
+  int day = 0, year = 0, hour = 0, minute = 0;
   double seconds = 0.0;
-  if (!std::regex_match(text, m, pattern) || !readSecondsField(m[5].str(), seconds))
+  if (!in.digits(1, 3, day) || !in.blanks() || !in.digits(4, 4, year) || !in.blanks() || !in.digits(1, 2, hour) ||
+      !in.literal(':') || !in.digits(2, 2, minute) || !in.literal(':') || !in.seconds(seconds) || !in.atEnd())
     return 1;
-  return makeOrdinalStamp(std::stoi(m[2].str()), std::stoi(m[1].str()), std::stoi(m[3].str()), std::stoi(m[4].str()),
-                          seconds, stamp)
-             ? 0
-             : 1;
+  return makeOrdinalStamp(year, day, hour, minute, seconds, stamp) ? 0 : 1;
 }
 
 } // namespace kelCore

@@ -1,11 +1,9 @@
 #include "kelCore/TimeTextParts.h"
 
 #include "kelCore/Calendar.h"
-#include "kelCore/StringUtils.h"
 
 #include <cmath>
 #include <cstdio>
-#include <regex>
 
 namespace kelCore
 {
@@ -38,18 +36,6 @@ std::string elapsedText(double seconds, int fields, int precision)
   else
     std::snprintf(buffer, sizeof(buffer), "%lld:%02lld:", whole / 60, whole % 60);
   return text + buffer + secondsText(second, fraction, p);
-}
-
-bool readSecondsField(const std::string& text, double& seconds)
-{
-  static const std::regex pattern(R"(\d{1,2}(\.\d*)?)");
-  if (!std::regex_match(text, pattern))
-    return false;
-  double value = 0.0;
-  if (!isValidNumber(text, value, false) || value >= 60.0)
-    return false;
-  seconds = value;
-  return true;
 }
 
 bool makeCalendarStamp(int year, int month, int day, int hour, int minute, double seconds, TimeStamp& stamp)

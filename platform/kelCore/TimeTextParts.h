@@ -13,12 +13,6 @@ namespace kelCore
 std::string elapsedText(double seconds, int fields, int precision);
 
 /**
- * Reads a whole number or a decimal number of seconds ("05", "05.250") as seconds below 60.
- * @return false for anything else
- */
-bool readSecondsField(const std::string& text, double& seconds);
-
-/**
  * Builds the moment of a calendar date and time, refusing dates that do not exist.
  * @param month 0 for January @param day from 1 @return false for an impossible date or time
  */
