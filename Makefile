@@ -29,7 +29,9 @@ build-sanitize: deps $(SANITIZE_DIR)/build.ninja
 # The plain build's tests, then the same suite under the sanitizers.
 test: build build-sanitize
 	ctest --test-dir $(BUILD_DIR) $(CTEST_FLAGS)
-	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 ctest --test-dir $(SANITIZE_DIR) $(CTEST_FLAGS)
+	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+	  LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:fast_unwind_on_malloc=0 \
+	  ctest --test-dir $(SANITIZE_DIR) $(CTEST_FLAGS)
 
 # The plain build's tests only, for a quick check while working.
 test-fast: build
