@@ -72,6 +72,5 @@ enum PIServerFunctions_t : int
   PISF_PROGRESS_DIALOG = 1005,        ///< the progress dialog
   PISF_VIEW = 1006,                   ///< mouse cursor, animated lines, camera, aliases
   PISF_PREFERENCES = 1007,            ///< preference rules and draw flags
-  PISF_GOG = 1008,                    ///< attached and loaded GOG overlays
-  PISF_SIGNAL = 1009                  ///< signals sent through a bound service
+  PISF_GOG = 1008                     ///< attached and loaded GOG overlays
 };

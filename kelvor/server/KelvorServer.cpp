@@ -1,0 +1,57 @@
+#include "server/KelvorServer.h"
+
+#include "host/ContextMenuCallback.h"
+
+namespace kelvor
+{
+
+KelvorServer::KelvorServer(ScenarioStore& store, HostServices& services, Registry& registry)
+  : state_{store, services, registry, {}, {}, {}, {}, {}, {}, 1, {}, {}, {}},
+    entities_(state_),
+    points_(state_),
+    scenario_(state_),
+    tables_(state_),
+    services_(state_)
+{
+}
+
+std::int64_t KelvorServer::operator()(void*, PIServerFunctions_t family, void* record)
+{
+  if (EntityRequests::serves(family))
+    return entities_.serve(family, record);
+  if (PointRequests::serves(family))
+    return points_.serve(family, record);
+  if (ScenarioRequests::serves(family))
+    return scenario_.serve(family, record);
+  if (TableRequests::serves(family))
+    return tables_.serve(record);
+  if (ServiceRequests::serves(family))
+    return services_.serve(family, record);
+  return 1;
+}
+
+std::unique_ptr<ContextMenu> KelvorServer::buildContextMenu(int what, const std::vector<UniqueID_t>& ids)
+{
+  auto menu = std::make_unique<ContextMenu>();
+  state_.liveMenus.insert(menu.get());
+  // A copy: a callback may remove itself while it is called.
+  const auto callbacks = state_.menuCallbacks;
+  const auto clicked = static_cast<PIKELVOR::WhatWasClicked>(what);
+  for (PIKELVOR::ContextMenuCallback* callback : callbacks)
+  {
+    if (what == PIKELVOR::CLICKED_VIEW)
+      callback->menuRequested(clicked, ids.empty() ? 0UL : static_cast<unsigned long>(ids.front()), menu.get());
+    else
+      callback->menuRequested(clicked, std::vector<unsigned long>(ids.begin(), ids.end()), {}, menu.get());
+  }
+  state_.liveMenus.clear();
+  return menu;
+}
+
+std::string KelvorServer::iconBytes(long id) const
+{
+  auto it = state_.icons.find(id);
+  return it == state_.icons.end() ? std::string() : it->second;
+}
+
+} // namespace kelvor

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "host/PISupportFunctionMap.h"
+#include "host/UniqueID.h"
+#include "server/EntityRequests.h"
+#include "server/PointRequests.h"
+#include "server/ScenarioRequests.h"
+#include "server/ServerState.h"
+#include "server/ServiceRequests.h"
+#include "server/TableRequests.h"
+
+#include <memory>
+#include <vector>
+
+namespace kelvor
+{
+
+/**
+ * @brief KELVOR Lite's support function map: it decodes each request's family, selector
+ * and record and serves it from the store and the host services.
+ *
+ * The application also uses it to build right-click menus from the plug-ins' callbacks and
+ * to read the plug-in menu, icons and signal service.
+ */
+class KelvorServer : public PISupportFunctionMap
+{
+public:
+  /// @param store the scenario @param services the window services @param registry the settings registry
+  KelvorServer(ScenarioStore& store, HostServices& services, Registry& registry);
+
+  std::int64_t operator()(void* identity, PIServerFunctions_t family, void* record) override;
+
+  /**
+   * Builds a right-click menu: every registered callback adds its items.
+   * @param what where the click was (a PIKELVOR::WhatWasClicked) @param ids the entities clicked
+   */
+  std::unique_ptr<ContextMenu> buildContextMenu(int what, const std::vector<UniqueID_t>& ids);
+  /// @return the number of registered context-menu callbacks.
+  std::size_t contextMenuCallbackCount() const { return state_.menuCallbacks.size(); }
+
+  PluginMenu& pluginMenu() { return state_.pluginMenu; }
+  /// @return the PNG bytes of an icon, empty for an unknown id.
+  std::string iconBytes(long id) const;
+  SignalService& signalService() { return state_.signalService; }
+  ScenarioStore& store() { return state_.store; }
+  /// @return the window wrappers plug-ins put in the host's garbage list.
+  const std::set<PIObject*>& garbage() const { return state_.garbage; }
+
+private:
+  ServerState state_;
+  EntityRequests entities_;
+  PointRequests points_;
+  ScenarioRequests scenario_;
+  TableRequests tables_;
+  ServiceRequests services_;
+};
+
+} // namespace kelvor

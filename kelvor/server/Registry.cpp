@@ -1,0 +1,65 @@
+#include "server/Registry.h"
+
+#include <QSettings>
+#include <QStringList>
+
+namespace kelvor
+{
+
+namespace
+{
+
+// QSettings would read "/" in a key as a group separator; the registry's keys are flat.
+QString flatKey(const std::string& key)
+{
+  QString k = QString::fromStdString(key);
+  k.replace('\\', "\\\\");
+  k.replace('/', "\\s");
+  return "Registry/" + k;
+}
+
+} // namespace
+
+Registry::Registry(const std::string& iniFile)
+  : file_(std::make_unique<QSettings>(QString::fromStdString(iniFile), QSettings::IniFormat))
+{
+}
+
+Registry::~Registry() { file_->sync(); }
+
+void Registry::setValue(const std::string& key, const std::string& value)
+{
+  file_->setValue(flatKey(key), QString::fromStdString(value));
+}
+
+bool Registry::value(const std::string& key, std::string& value) const
+{
+  const QString k = flatKey(key);
+  if (!file_->contains(k))
+    return false;
+  value = file_->value(k).toString().toStdString();
+  return true;
+}
+
+void Registry::setStringVector(const std::string& key, const std::vector<std::string>& values)
+{
+  QStringList list;
+  for (const std::string& v : values)
+    list << QString::fromStdString(v);
+  file_->setValue(flatKey(key), list);
+}
+
+bool Registry::stringVector(const std::string& key, std::vector<std::string>& values) const
+{
+  const QString k = flatKey(key);
+  if (!file_->contains(k))
+    return false;
+  values.clear();
+  for (const QString& v : file_->value(k).toStringList())
+    values.push_back(v.toStdString());
+  return true;
+}
+
+std::string Registry::fileName() const { return file_->fileName().toStdString(); }
+
+} // namespace kelvor

@@ -1,0 +1,303 @@
+#include "store/ScenarioStore.h"
+
+#include "store/StoreListener.h"
+
+#include <algorithm>
+
+namespace kelvor
+{
+
+ScenarioStore::ScenarioStore() = default;
+ScenarioStore::~ScenarioStore() = default;
+
+bool ScenarioStore::canHost_(UniqueID_t host, PIScenarioObjectType_t kind) const
+{
+  if (kind == PI_PLATFORM_TYPE)
+    return host == 0;
+  const Entity* parent = entity(host);
+  if (!parent)
+    return false;
+  switch (kind)
+  {
+  case PI_GATE_TYPE:
+    return parent->kind == PI_BEAM_TYPE;
+  case PI_CUSTOM_RENDERING_TYPE:
+  case PI_PROJECTOR_TYPE:
+    return parent->kind == PI_PLATFORM_TYPE || parent->kind == PI_BEAM_TYPE;
+  default:
+    return parent->kind == PI_PLATFORM_TYPE;
+  }
+}
+
+UniqueID_t ScenarioStore::createEntity(const EntityHeader& header, UniqueID_t host)
+{
+  const PIScenarioObjectType_t kind = kindOfHeader(header);
+  if (!canHost_(host, kind))
+    return 0;
+  auto e = std::make_unique<Entity>();
+  e->id = nextId_++;
+  e->kind = kind;
+  e->host = host;
+  e->header = header;
+  const UniqueID_t id = e->id;
+  entities_[id] = std::move(e);
+  if (host)
+    entities_[host]->children.push_back(id);
+  properties_.initialized = true;
+  if (listener_)
+    listener_->entityAdded(id, kind);
+  return id;
+}
+
+bool ScenarioStore::removeEntity(UniqueID_t id)
+{
+  Entity* e = entity(id);
+  if (!e)
+    return false;
+  if (e->host)
+  {
+    if (Entity* parent = entity(e->host))
+      parent->children.erase(std::remove(parent->children.begin(), parent->children.end(), id), parent->children.end());
+  }
+  removeOne_(id);
+  return true;
+}
+
+void ScenarioStore::removeOne_(UniqueID_t id)
+{
+  const std::vector<UniqueID_t> children = entities_.at(id)->children;
+  for (UniqueID_t child : children)
+    removeOne_(child);
+  if (listener_)
+    listener_->entityRemoving(id);
+  for (long table : entities_.at(id)->tables)
+    tables_.erase(table);
+  drawFlags_.erase(id);
+  gogFiles_.erase(id);
+  entities_.erase(id);
+}
+
+void ScenarioStore::clearEntities()
+{
+  entities_.clear();
+  tables_.clear();
+  rules_.clear();
+  drawFlags_.clear();
+  gogFiles_.clear();
+}
+
+void ScenarioStore::reset()
+{
+  if (listener_)
+    listener_->scenarioClosing();
+  clearEntities();
+  nextId_ = 1;
+  nextTableId_ = 1;
+  nextRuleId_ = 1;
+  properties_ = ScenarioProperties();
+  clock_.reset();
+}
+
+Entity* ScenarioStore::entity(UniqueID_t id)
+{
+  auto it = entities_.find(id);
+  return it == entities_.end() ? nullptr : it->second.get();
+}
+
+const Entity* ScenarioStore::entity(UniqueID_t id) const
+{
+  auto it = entities_.find(id);
+  return it == entities_.end() ? nullptr : it->second.get();
+}
+
+std::vector<UniqueID_t> ScenarioStore::list(int kinds, UniqueID_t parent) const
+{
+  std::vector<UniqueID_t> ids;
+  const bool every = (kinds & PI_ALL_TYPES) != 0;
+  auto wanted = [&](const Entity& e) { return every || (kinds & e.kind) != 0; };
+  if (parent)
+  {
+    if (const Entity* p = entity(parent))
+      for (UniqueID_t child : p->children)
+        if (wanted(*entities_.at(child)))
+          ids.push_back(child);
+    return ids;
+  }
+  for (const auto& [id, e] : entities_)
+    if (wanted(*e))
+      ids.push_back(id);
+  return ids;
+}
+
+UniqueID_t ScenarioStore::findPlatform(const std::string& name) const
+{
+  for (const auto& [id, e] : entities_)
+    if (e->kind == PI_PLATFORM_TYPE && nameOfHeader(e->header) == name)
+      return id;
+  return 0;
+}
+
+bool ScenarioStore::flush(UniqueID_t id, PIData::FlushType type)
+{
+  Entity* e = entity(id);
+  if (!e)
+    return false;
+  e->clearPoints();
+  if (type == PIData::FLUSH_ALL || type == PIData::FLUSH_POINTS_AND_COMMANDS)
+    e->clearCommands();
+  if (type == PIData::FLUSH_ALL)
+  {
+    e->categories.clear();
+    e->generic.clear();
+  }
+  return true;
+}
+
+double ScenarioStore::earliestTime(UniqueID_t id) const
+{
+  if (id)
+  {
+    const Entity* e = entity(id);
+    return e ? e->earliestTime() : -1.0;
+  }
+  // The scenario's span is that of its timed data; static points have no time.
+  double earliest = -1.0;
+  for (const auto& [eid, e] : entities_)
+  {
+    const double firstTimed = e->earliestTimedTime();
+    if (firstTimed >= 0.0 && (earliest < 0.0 || firstTimed < earliest))
+      earliest = firstTimed;
+  }
+  return earliest;
+}
+
+double ScenarioStore::latestTime(UniqueID_t id) const
+{
+  if (id)
+  {
+    const Entity* e = entity(id);
+    return e ? e->latestTime() : -1.0;
+  }
+  double latest = -1.0;
+  for (const auto& [eid, e] : entities_)
+    latest = std::max(latest, e->latestTime());
+  return latest;
+}
+
+void ScenarioStore::autoConfigureClock()
+{
+  const double begin = earliestTime(0);
+  const double end = latestTime(0);
+  if (begin < 0.0)
+    clock_.setSpan(0.0, 0.0);
+  else
+    clock_.setSpan(begin, std::max(begin, end));
+}
+
+long ScenarioStore::addTable(UniqueID_t owner, const std::string& name)
+{
+  Entity* e = entity(owner);
+  if (!e)
+    return 0;
+  const long id = nextTableId_++;
+  tables_[id] = std::make_unique<DataTable>(id, owner, name);
+  e->tables.push_back(id);
+  return id;
+}
+
+DataTable* ScenarioStore::table(long id)
+{
+  auto it = tables_.find(id);
+  return it == tables_.end() ? nullptr : it->second.get();
+}
+
+const DataTable* ScenarioStore::table(long id) const
+{
+  auto it = tables_.find(id);
+  return it == tables_.end() ? nullptr : it->second.get();
+}
+
+bool ScenarioStore::removeTable(long id)
+{
+  auto it = tables_.find(id);
+  if (it == tables_.end())
+    return false;
+  if (Entity* e = entity(it->second->owner()))
+    e->tables.erase(std::remove(e->tables.begin(), e->tables.end(), id), e->tables.end());
+  tables_.erase(it);
+  return true;
+}
+
+long ScenarioStore::addPreferenceRule(const std::string& text)
+{
+  rules_.push_back(PreferenceRule{nextRuleId_, text});
+  return nextRuleId_++;
+}
+
+bool ScenarioStore::removePreferenceRule(long id)
+{
+  auto it = std::find_if(rules_.begin(), rules_.end(), [id](const PreferenceRule& r) { return r.id == id; });
+  if (it == rules_.end())
+    return false;
+  rules_.erase(it);
+  return true;
+}
+
+void ScenarioStore::setDrawFlag(UniqueID_t id, const std::string& flag, bool on)
+{
+  if (on)
+    drawFlags_[id].insert(flag);
+  else if (drawFlags_.count(id))
+    drawFlags_[id].erase(flag);
+}
+
+bool ScenarioStore::drawFlag(UniqueID_t id, const std::string& flag) const
+{
+  auto it = drawFlags_.find(id);
+  return it != drawFlags_.end() && it->second.count(flag) > 0;
+}
+
+void ScenarioStore::attachGogFile(UniqueID_t id, const std::string& file)
+{
+  auto& files = gogFiles_[id];
+  if (std::find(files.begin(), files.end(), file) == files.end())
+    files.push_back(file);
+}
+
+std::vector<std::string> ScenarioStore::attachedGogFiles(UniqueID_t id) const
+{
+  auto it = gogFiles_.find(id);
+  return it == gogFiles_.end() ? std::vector<std::string>() : it->second;
+}
+
+void ScenarioStore::dataChanged(const std::set<UniqueID_t>& ids)
+{
+  if (listener_ && !ids.empty())
+    listener_->dataChanged(ids);
+}
+
+void ScenarioStore::referenceYearChanged()
+{
+  if (listener_)
+    listener_->referenceYearChanged();
+}
+
+void ScenarioStore::clockModeChanged()
+{
+  if (listener_)
+    listener_->clockModeChanged();
+}
+
+void ScenarioStore::timeChanged()
+{
+  if (listener_)
+    listener_->timeChanged();
+}
+
+void ScenarioStore::scenarioReset()
+{
+  if (listener_)
+    listener_->scenarioReset();
+}
+
+} // namespace kelvor

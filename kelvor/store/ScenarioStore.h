@@ -1,0 +1,129 @@
+#pragma once
+
+#include "host/FlushType.h"
+#include "store/DataTable.h"
+#include "store/Entity.h"
+#include "store/PreferenceRule.h"
+#include "store/ScenarioClock.h"
+#include "store/ScenarioProperties.h"
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace kelvor
+{
+
+class StoreListener;
+
+/**
+ * @brief The scenario KELVOR Lite holds: entities and their data, tables, properties, clock,
+ * preference rules, draw flags and attached overlays. The single source of truth of the host;
+ * plug-ins reach it only through the server.
+ */
+class ScenarioStore
+{
+public:
+  ScenarioStore();
+  ~ScenarioStore();
+
+  /// Sets who hears of changes; null for no one. Not owned.
+  void setListener(StoreListener* listener) { listener_ = listener; }
+
+  /**
+   * Makes an entity.
+   * @param host the parent: 0 for a platform; a platform for beams, lasers, LOB groups and
+   * projectors; a beam for gates; a platform or beam for custom renderings and projectors
+   * @return the new id, 0 when the host does not exist or cannot hold that kind
+   */
+  UniqueID_t createEntity(const EntityHeader& header, UniqueID_t host);
+  /// Removes an entity and its children, each told before it goes. @return false for an unknown id
+  bool removeEntity(UniqueID_t id);
+  /// Removes every entity, table, rule and overlay; keeps the properties and the clock.
+  void clearEntities();
+  /// Empties the store for a new scenario: clearEntities, new properties and clock.
+  void reset();
+
+  Entity* entity(UniqueID_t id);
+  const Entity* entity(UniqueID_t id) const;
+  /// @return the number of entities.
+  std::size_t entityCount() const { return entities_.size(); }
+
+  /**
+   * Lists entities in id order.
+   * @param kinds a PIScenarioObjectType_t mask; PI_ALL_TYPES for every kind
+   * @param parent 0 for the whole scenario, else that entity's children only
+   */
+  std::vector<UniqueID_t> list(int kinds, UniqueID_t parent = 0) const;
+  /// @return the first platform of that name in id order, 0 when none.
+  UniqueID_t findPlatform(const std::string& name) const;
+
+  /// Removes what the flush type says from the entity. @return false for an unknown id
+  bool flush(UniqueID_t id, PIData::FlushType type);
+  /// @return the earliest point time of the entity, of the scenario for 0; -1 when there is none.
+  double earliestTime(UniqueID_t id) const;
+  /// @return the latest point time of the entity, of the scenario for 0; -1 when there is none.
+  double latestTime(UniqueID_t id) const;
+  /// Sets the clock's span to the scenario's data.
+  void autoConfigureClock();
+
+  /// Adds an empty table under an entity. @return its id, 0 when the entity does not exist
+  long addTable(UniqueID_t owner, const std::string& name);
+  DataTable* table(long id);
+  const DataTable* table(long id) const;
+  /// Removes a table. @return false for an unknown id
+  bool removeTable(long id);
+
+  ScenarioProperties& properties() { return properties_; }
+  const ScenarioProperties& properties() const { return properties_; }
+  ScenarioClock& clock() { return clock_; }
+  const ScenarioClock& clock() const { return clock_; }
+
+  /// Adds a preference rule. @return its id
+  long addPreferenceRule(const std::string& text);
+  /// @return false for an unknown id
+  bool removePreferenceRule(long id);
+  const std::vector<PreferenceRule>& preferenceRules() const { return rules_; }
+  /// Sets a named draw flag of an entity (0 for the scenario).
+  void setDrawFlag(UniqueID_t id, const std::string& flag, bool on);
+  /// @return the draw flag, false when never set.
+  bool drawFlag(UniqueID_t id, const std::string& flag) const;
+
+  /// Attaches an overlay file to an entity (0 for the scenario), once.
+  void attachGogFile(UniqueID_t id, const std::string& file);
+  /// @return the overlay files of an entity, in the order attached.
+  std::vector<std::string> attachedGogFiles(UniqueID_t id) const;
+  /// @return every entity (0 for the scenario) with overlay files.
+  const std::map<UniqueID_t, std::vector<std::string>>& allGogFiles() const { return gogFiles_; }
+
+  /// Tells the listener that the entities' data changed.
+  void dataChanged(const std::set<UniqueID_t>& ids);
+  /// Tells the listener the reference year changed.
+  void referenceYearChanged();
+  /// Tells the listener the clock's mode changed.
+  void clockModeChanged();
+  /// Tells the listener the clock's time changed.
+  void timeChanged();
+  /// Tells the listener that everything may have changed.
+  void scenarioReset();
+
+private:
+  bool canHost_(UniqueID_t host, PIScenarioObjectType_t kind) const;
+  void removeOne_(UniqueID_t id);
+
+  std::map<UniqueID_t, std::unique_ptr<Entity>> entities_;
+  UniqueID_t nextId_ = 1;
+  std::map<long, std::unique_ptr<DataTable>> tables_;
+  long nextTableId_ = 1;
+  ScenarioProperties properties_;
+  ScenarioClock clock_;
+  std::vector<PreferenceRule> rules_;
+  long nextRuleId_ = 1;
+  std::map<UniqueID_t, std::set<std::string>> drawFlags_;
+  std::map<UniqueID_t, std::vector<std::string>> gogFiles_;
+  StoreListener* listener_ = nullptr;
+};
+
+} // namespace kelvor
