@@ -265,10 +265,8 @@ std::int64_t PointRequests::getPoints_(void* record)
     const PlatformPointFrame frame(frameArg ? *frameArg : PIData::PICoordReferenceFrame(), state_.store.properties());
     auto& points = *static_cast<std::vector<PIData::PIPlatformPoint>*>(out);
     points.clear();
-    const std::vector<StoredPlatformPoint> stored = e->platformPoints.range(begin, end);
-    points.reserve(stored.size());
-    for (const auto& s : stored)
-      points.push_back(frame.toRecord(s));
+    points.reserve(e->platformPoints.countRange(begin, end));
+    e->platformPoints.forRange(begin, end, [&](const StoredPlatformPoint& s) { points.push_back(frame.toRecord(s)); });
     return done(r, true);
   }
   case PISelector::POINTS_BEAM: copyRange(e->beamPoints, begin, end, out); break;

@@ -36,16 +36,19 @@ public:
   /// Adds many items; of equal times the later in added wins, as if inserted one by one.
   void insertMany(std::vector<T> added)
   {
-    std::stable_sort(added.begin(), added.end(), [](const T& a, const T& b) { return a.time < b.time; });
-    // Of equal times within added, keep the last.
+    // A recording arrives in strict time order: then there is nothing to sort or merge away.
+    const bool strictlyOrdered =
+        std::adjacent_find(added.begin(), added.end(), [](const T& a, const T& b) { return !(a.time < b.time); }) ==
+        added.end();
     std::vector<T> unique;
-    unique.reserve(added.size());
-    for (T& item : added)
+    if (strictlyOrdered)
+      unique.swap(added);
+    else
+      unique = sortedUnique_(std::move(added));
+    if (items_.empty())
     {
-      if (!unique.empty() && unique.back().time == item.time)
-        unique.back() = std::move(item);
-      else
-        unique.push_back(std::move(item));
+      items_.swap(unique);
+      return;
     }
     if (items_.empty() || (!unique.empty() && items_.back().time < unique.front().time))
     {
@@ -68,6 +71,22 @@ public:
       }
     }
     items_.swap(merged);
+  }
+
+  /// Calls f with each item with begin <= time <= end, in time order, without copying.
+  template <typename F>
+  void forRange(double begin, double end, F f) const
+  {
+    if (end < begin)
+      return;
+    for (auto it = lowerBound_(begin), last = upperBound_(end); it != last; ++it)
+      f(*it);
+  }
+
+  /// @return the number of items with begin <= time <= end.
+  std::size_t countRange(double begin, double end) const
+  {
+    return end < begin ? 0 : static_cast<std::size_t>(upperBound_(end) - lowerBound_(begin));
   }
 
   /// @return the items with begin <= time <= end, in time order.
@@ -112,6 +131,22 @@ public:
   void reserve(std::size_t n) { items_.reserve(n); }
 
 private:
+  // Sorts by time; of equal times the last added is kept.
+  static std::vector<T> sortedUnique_(std::vector<T> added)
+  {
+    std::stable_sort(added.begin(), added.end(), [](const T& a, const T& b) { return a.time < b.time; });
+    std::vector<T> unique;
+    unique.reserve(added.size());
+    for (T& item : added)
+    {
+      if (!unique.empty() && unique.back().time == item.time)
+        unique.back() = std::move(item);
+      else
+        unique.push_back(std::move(item));
+    }
+    return unique;
+  }
+
   const_iterator lowerBound_(double time) const
   {
     return std::lower_bound(items_.begin(), items_.end(), time, [](const T& item, double t) { return item.time < t; });

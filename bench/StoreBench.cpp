@@ -1,0 +1,115 @@
+// Bulk track work through the whole call path (wrapper, handle, server, store): adding and
+// reading a million platform points, in LLA and in ECEF, one addDataPoint, and the store's
+// memory per point.
+#include "host/PIData.h"
+#include "host/PluginGlobals.h"
+#include "server/HeadlessHostServices.h"
+#include "server/KelvorServer.h"
+#include "server/Registry.h"
+#include "store/ScenarioStore.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QTemporaryDir>
+
+#include <cmath>
+
+namespace
+{
+
+struct Host
+{
+  QTemporaryDir dir;
+  kelvor::ScenarioStore store;
+  kelvor::HeadlessHostServices services;
+  kelvor::Registry registry{dir.filePath("registry.ini").toStdString()};
+  kelvor::KelvorServer server{store, services, registry};
+  Host()
+  {
+    g_FunctionMap = &server;
+    g_This = this;
+  }
+  ~Host() { g_FunctionMap = nullptr; }
+};
+
+std::vector<PIData::PIPlatformPoint> track(std::size_t count)
+{
+  std::vector<PIData::PIPlatformPoint> points(count);
+  for (std::size_t i = 0; i < count; ++i)
+  {
+    auto& p = points[i];
+    p.time = static_cast<double>(i) * 0.1;
+    p.position = {0.6 + i * 1e-8, -2.0 + i * 1e-8, 1000.0 + std::sin(i * 1e-3) * 50.0};
+    p.orientation = {0.5, 0.01, 0.0};
+    p.velocity = {100.0, 20.0, 0.5};
+    p.frame.coordinateSystem = PI_COORDSYS_LLA;
+  }
+  return points;
+}
+
+UniqueID_t newPlatform()
+{
+  PIData::PIPlatformHeader header;
+  PIData::PIPlatformPoint first = track(1)[0];
+  const UniqueID_t id = PIData::createPlatform(&header, &first);
+  PIData::flushEntityData(id, PIData::FLUSH_ALL);
+  return id;
+}
+
+void BM_AddDataPoints(benchmark::State& state)
+{
+  const auto points = track(static_cast<std::size_t>(state.range(0)));
+  for (auto _ : state)
+  {
+    state.PauseTiming();
+    Host host;
+    const UniqueID_t id = newPlatform();
+    state.ResumeTiming();
+    PIData::addDataPoints(id, &points);
+    state.PauseTiming();
+    state.counters["bytes_per_point"] =
+        static_cast<double>(sizeof(kelvor::StoredPlatformPoint) * host.store.entity(id)->platformPoints.size()) /
+        static_cast<double>(points.size());
+    state.ResumeTiming();
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(BM_AddDataPoints)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+void BM_GetDataPoints(benchmark::State& state)
+{
+  Host host;
+  const UniqueID_t id = newPlatform();
+  const auto points = track(static_cast<std::size_t>(state.range(0)));
+  PIData::addDataPoints(id, &points);
+  PIData::PICoordReferenceFrame frame;
+  frame.coordinateSystem = static_cast<PICoordSystem_t>(state.range(1));
+  std::vector<PIData::PIPlatformPoint> out;
+  for (auto _ : state)
+  {
+    PIData::getDataPoints(id, 0.0, 1e300, &out, frame);
+    benchmark::DoNotOptimize(out.data());
+  }
+  state.SetLabel(state.range(1) == PI_COORDSYS_LLA ? "LLA" : "ECEF");
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(BM_GetDataPoints)->Args({1000000, PI_COORDSYS_LLA})->Args({1000000, PI_COORDSYS_ECEF})->Unit(benchmark::kMillisecond);
+
+void BM_AddDataPoint(benchmark::State& state)
+{
+  Host host;
+  const UniqueID_t id = newPlatform();
+  auto point = track(1)[0];
+  double time = 0.0;
+  for (auto _ : state)
+  {
+    point.time = time;
+    time += 0.1;
+    benchmark::DoNotOptimize(PIData::addDataPoint(id, &point));
+  }
+}
+BENCHMARK(BM_AddDataPoint);
+
+} // namespace
+
+BENCHMARK_MAIN();
