@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace kelvor
+{
+
+/// What a read of a scenario or track file did.
+struct ReadReport
+{
+  std::vector<std::string> errors; ///< "file:line: reason", one for each line that could not be read
+  bool loaded = false;             ///< true when the store now holds what was read
+  std::size_t lines = 0;           ///< lines read
+  std::size_t entities = 0;        ///< entities made
+  std::size_t points = 0;          ///< time-stamped items read
+
+  bool ok() const { return loaded && errors.empty(); }
+};
+
+} // namespace kelvor
