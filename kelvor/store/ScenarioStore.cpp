@@ -98,6 +98,25 @@ void ScenarioStore::reset()
   clock_.reset();
 }
 
+void ScenarioStore::replaceWith(ScenarioStore& other)
+{
+  if (listener_)
+    listener_->scenarioClosing();
+  entities_.swap(other.entities_);
+  std::swap(nextId_, other.nextId_);
+  tables_.swap(other.tables_);
+  std::swap(nextTableId_, other.nextTableId_);
+  std::swap(properties_, other.properties_);
+  std::swap(clock_, other.clock_);
+  rules_.swap(other.rules_);
+  std::swap(nextRuleId_, other.nextRuleId_);
+  drawFlags_.swap(other.drawFlags_);
+  gogFiles_.swap(other.gogFiles_);
+  other.reset();
+  if (listener_)
+    listener_->scenarioReset();
+}
+
 Entity* ScenarioStore::entity(UniqueID_t id)
 {
   auto it = entities_.find(id);
@@ -249,6 +268,12 @@ void ScenarioStore::setDrawFlag(UniqueID_t id, const std::string& flag, bool on)
     drawFlags_[id].insert(flag);
   else if (drawFlags_.count(id))
     drawFlags_[id].erase(flag);
+}
+
+std::vector<std::string> ScenarioStore::drawFlags(UniqueID_t id) const
+{
+  auto it = drawFlags_.find(id);
+  return it == drawFlags_.end() ? std::vector<std::string>() : std::vector<std::string>(it->second.begin(), it->second.end());
 }
 
 bool ScenarioStore::drawFlag(UniqueID_t id, const std::string& flag) const

@@ -45,6 +45,9 @@ public:
   void clearEntities();
   /// Empties the store for a new scenario: clearEntities, new properties and clock.
   void reset();
+  /// Takes over everything other holds, as when a file is opened; the listener hears the old
+  /// scenario close and the new one arrive. other is left empty.
+  void replaceWith(ScenarioStore& other);
 
   Entity* entity(UniqueID_t id);
   const Entity* entity(UniqueID_t id) const;
@@ -88,6 +91,8 @@ public:
   const std::vector<PreferenceRule>& preferenceRules() const { return rules_; }
   /// Sets a named draw flag of an entity (0 for the scenario).
   void setDrawFlag(UniqueID_t id, const std::string& flag, bool on);
+  /// @return the draw flags set on an entity (0 for the scenario), in name order.
+  std::vector<std::string> drawFlags(UniqueID_t id) const;
   /// @return the draw flag, false when never set.
   bool drawFlag(UniqueID_t id, const std::string& flag) const;
 

@@ -1,0 +1,275 @@
+#include "files/ScenarioWriter.h"
+
+#include "files/LineTokenizer.h"
+#include "files/NumberText.h"
+#include "files/ScenarioVocabulary.h"
+#include "kelCore/CoordinateConverter.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <map>
+#include <set>
+#include <unistd.h>
+
+namespace kelvor
+{
+
+namespace
+{
+
+std::string num(double v) { return NumberText::format(v); }
+std::string q(const std::string& text) { return LineTokenizer::quote(text); }
+
+// File ids: the entities' original ids where those are positive and unique, else new ones.
+std::map<UniqueID_t, std::uint64_t> fileIds(const ScenarioStore& store)
+{
+  const std::vector<UniqueID_t> ids = store.list(PI_ALL_TYPES);
+  std::map<std::uint64_t, int> uses;
+  std::uint64_t highest = 0;
+  for (UniqueID_t id : ids)
+  {
+    const UniqueID_t original = originalIdOfHeader(store.entity(id)->header);
+    ++uses[original];
+    highest = std::max<std::uint64_t>(highest, original);
+  }
+  std::map<UniqueID_t, std::uint64_t> result;
+  for (UniqueID_t id : ids)
+  {
+    const UniqueID_t original = originalIdOfHeader(store.entity(id)->header);
+    const bool usable = original > 0 && original <= static_cast<std::uint64_t>(INT64_MAX) && uses[original] == 1;
+    result[id] = usable ? original : ++highest;
+  }
+  return result;
+}
+
+class EntityWriter
+{
+public:
+  EntityWriter(std::ostream& out, const ScenarioStore& store, const std::map<UniqueID_t, std::uint64_t>& ids,
+               kelCore::CoordinateSystem positions)
+    : out_(out), store_(store), ids_(ids), positions_(positions)
+  {
+    const auto& p = store.properties();
+    converter_.setReferenceOrigin(p.latOrigin, p.lonOrigin, p.altOrigin);
+    converter_.setTangentPlaneOffsets(p.tangentPlaneX, p.tangentPlaneY, p.tangentPlaneAngle);
+  }
+
+  void write(const Entity& e)
+  {
+    const std::string id = fileId(e.id);
+    const std::string host = e.host ? fileId(e.host) : std::string();
+    std::visit([&](const auto& h) { writeHeader(h, id, host); }, e.header);
+    if (!e.alias.empty() || e.useAlias)
+      out_ << "alias " << id << ' ' << q(e.alias) << (e.useAlias ? " shown" : "") << '\n';
+    for (const auto& s : e.platformPoints)
+      writePoint(id, s);
+    for (const auto& p : e.beamPoints)
+      out_ << "beam-point " << id << ' ' << num(p.time) << ' ' << num(p.azimuth) << ' ' << num(p.elevation) << ' '
+           << num(p.length) << '\n';
+    for (const auto& p : e.gatePoints)
+      out_ << "gate-point " << id << ' ' << num(p.time) << ' ' << num(p.azimuth) << ' ' << num(p.elevation) << ' '
+           << num(p.width) << ' ' << num(p.height) << ' ' << num(p.minRange) << ' ' << num(p.maxRange) << ' '
+           << num(p.centroid) << '\n';
+    for (const auto& p : e.laserPoints)
+      out_ << "laser-point " << id << ' ' << num(p.time) << ' ' << num(p.azimuth) << ' ' << num(p.elevation) << ' '
+           << num(p.roll) << '\n';
+    for (const auto& v : e.laserMaxRange)
+      out_ << "laser-range " << id << ' ' << num(v.time) << ' ' << num(v.value) << '\n';
+    for (const auto& v : e.laserWidths)
+      out_ << "laser-width " << id << ' ' << num(v.time) << ' ' << v.value << '\n';
+    for (const auto& o : e.laserOffsets)
+      out_ << "laser-offset " << id << ' ' << num(o.time) << ' ' << num(o.x) << ' ' << num(o.y) << ' ' << num(o.z) << '\n';
+    for (const auto& p : e.lobPoints)
+      out_ << "lob-point " << id << ' ' << num(p.time) << ' ' << num(p.azimuth) << ' ' << num(p.elevation) << ' '
+           << num(p.length) << '\n';
+    for (const auto& s : e.lobDrawStyles)
+      out_ << "lob-style " << id << ' ' << num(s.time) << ' ' << NumberText::formatColor(s.color1) << ' '
+           << NumberText::formatColor(s.color2) << ' ' << s.stipple1 << ' ' << s.stipple2 << ' ' << s.pixelWidth << '\n';
+    for (const auto& p : e.projectorFov)
+      out_ << "projector-fov " << id << ' ' << num(p.time) << ' ' << num(p.fieldOfView) << '\n';
+    for (const auto& v : e.projectorOnOff)
+      out_ << "projector-state " << id << ' ' << num(v.time) << (v.value ? " on" : " off") << '\n';
+    for (const auto& v : e.states)
+      out_ << "state " << id << ' ' << num(v.time) << (v.value ? " on" : " off") << '\n';
+    for (const auto& v : e.colors)
+      out_ << "color " << id << ' ' << num(v.time) << ' ' << NumberText::formatColor(v.value) << '\n';
+    for (const auto& g : e.generic)
+      out_ << "generic " << id << ' ' << num(g.time) << ' ' << q(g.tag) << ' ' << q(g.value) << ' '
+           << num(g.expiration) << '\n';
+    for (const auto& c : e.categories)
+      out_ << "category " << id << ' ' << num(c.time) << ' ' << q(c.name) << ' ' << q(c.value) << '\n';
+  }
+
+  // Targets name entities that may come later in the file, so they go after all entities.
+  void writeTargets(const Entity& e)
+  {
+    for (const auto& v : e.targets)
+      if (ids_.count(v.value))
+        out_ << "target " << fileId(e.id) << ' ' << num(v.time) << ' ' << fileId(v.value) << '\n';
+  }
+
+  std::string fileId(UniqueID_t id) const { return std::to_string(ids_.at(id)); }
+
+private:
+  void writeHeader(const PIData::PIPlatformHeader& h, const std::string& id, const std::string&)
+  {
+    out_ << "platform " << id << ' ' << q(h.name) << " icon " << q(h.iconFile) << '\n';
+  }
+  void writeHeader(const PIData::PIBeamHeader& h, const std::string& id, const std::string& host)
+  {
+    out_ << "beam " << id << ' ' << host << ' ' << q(h.name) << ' ' << ScenarioVocabulary::beamTypeName(h.beamType)
+         << " hbw " << num(h.horizontalBeamWidth) << " vbw " << num(h.verticalBeamWidth) << " azoffset "
+         << num(h.azimuthOffset) << " eloffset " << num(h.elevationOffset) << '\n';
+  }
+  void writeHeader(const PIData::PIGateHeader& h, const std::string& id, const std::string& host)
+  {
+    out_ << "gate " << id << ' ' << host << ' ' << q(h.name) << ' ' << ScenarioVocabulary::gateTypeName(h.gateType) << '\n';
+  }
+  void writeHeader(const PIData::PILaserHeader& h, const std::string& id, const std::string& host)
+  {
+    out_ << "laser " << id << ' ' << host << ' ' << q(h.name) << (h.relative ? " relative" : "") << '\n';
+  }
+  void writeHeader(const PIData::PILobHeader& h, const std::string& id, const std::string& host)
+  {
+    out_ << "lob " << id << ' ' << host << ' ' << q(h.name) << ' ' << ScenarioVocabulary::lobTypeName(h.lobType) << '\n';
+  }
+  void writeHeader(const PIData::PIProjectorHeader& h, const std::string& id, const std::string& host)
+  {
+    out_ << "projector " << id << ' ' << host << ' ' << q(h.name) << '\n';
+  }
+  void writeHeader(const PIData::PICustomRenderingHeader& h, const std::string& id, const std::string& host)
+  {
+    out_ << "custom " << id << ' ' << host << ' ' << q(h.name) << ' ' << q(h.renderer) << '\n';
+  }
+
+  void writePoint(const std::string& id, const StoredPlatformPoint& s)
+  {
+    kelCore::Coordinate c(kelCore::CoordinateSystem::LLA, {s.lat, s.lon, s.alt},
+                          s.time < 0 ? 0.0 : std::max(0.0, s.time - store_.properties().frame.eciReferenceTime));
+    if (s.hasOrientation())
+      c.setOrientation({s.yaw, s.pitch, s.roll});
+    if (s.hasVelocity())
+      c.setVelocity({s.velEast, s.velNorth, s.velUp});
+    if (positions_ != kelCore::CoordinateSystem::LLA)
+      converter_.convert(kelCore::Coordinate(c), c, positions_);
+    const auto& p = c.position();
+    out_ << "point " << id << ' ' << num(s.time) << ' ' << num(p.x) << ' ' << num(p.y) << ' ' << num(p.z);
+    if (c.hasOrientation() || c.hasVelocity())
+    {
+      if (c.hasOrientation())
+        out_ << ' ' << num(c.orientation().x) << ' ' << num(c.orientation().y) << ' ' << num(c.orientation().z);
+      else
+        out_ << " - - -";
+    }
+    if (c.hasVelocity())
+      out_ << ' ' << num(c.velocity().x) << ' ' << num(c.velocity().y) << ' ' << num(c.velocity().z);
+    out_ << '\n';
+  }
+
+  std::ostream& out_;
+  const ScenarioStore& store_;
+  const std::map<UniqueID_t, std::uint64_t>& ids_;
+  kelCore::CoordinateSystem positions_;
+  kelCore::CoordinateConverter converter_;
+};
+
+} // namespace
+
+void ScenarioWriter::write(std::ostream& out) const
+{
+  const ScenarioProperties& p = store_.properties();
+  out << "kelvor-scenario 1\n";
+  out << "# Written by KELVOR Lite. Angles in radians, distances in metres, times in seconds.\n";
+  out << "angles radians\n";
+  out << "reference-year " << p.referenceYear << '\n';
+  out << "origin " << num(p.latOrigin) << ' ' << num(p.lonOrigin) << ' ' << num(p.altOrigin) << '\n';
+  out << "tangent-plane " << num(p.tangentPlaneX) << ' ' << num(p.tangentPlaneY) << ' ' << num(p.tangentPlaneAngle) << '\n';
+  out << "description " << q(p.description) << '\n';
+  out << "classification " << q(p.classification) << ' ' << NumberText::formatColor(p.classificationColor) << '\n';
+  out << "wind " << num(p.windSpeed) << ' ' << num(p.windDirection) << '\n';
+  out << "coordinate-frame " << ScenarioVocabulary::piSystemName(p.frame.coordinateSystem) << ' '
+      << num(p.frame.eciReferenceTime) << '\n';
+  out << "positions " << ScenarioVocabulary::positionSystemName(options_.positions) << '\n';
+
+  const auto ids = fileIds(store_);
+  EntityWriter entities(out, store_, ids, options_.positions);
+  const std::vector<UniqueID_t> all = store_.list(PI_ALL_TYPES);
+  for (UniqueID_t id : all)
+    entities.write(*store_.entity(id));
+  for (UniqueID_t id : all)
+    entities.writeTargets(*store_.entity(id));
+
+  long tableNumber = 0;
+  for (UniqueID_t id : all)
+  {
+    for (long tableId : store_.entity(id)->tables)
+    {
+      const DataTable& table = *store_.table(tableId);
+      const std::string t = std::to_string(++tableNumber);
+      out << "table " << t << ' ' << entities.fileId(id) << ' ' << q(table.name()) << '\n';
+      for (const auto& c : table.columns())
+        out << "column " << t << ' ' << q(c.name) << ' ' << ScenarioVocabulary::storageTypeName(c.type) << ' '
+            << static_cast<int>(c.units) << '\n';
+      for (const auto& [time, row] : table.rows())
+      {
+        out << "row " << t << ' ' << num(time);
+        for (const auto& c : table.columns())
+        {
+          const PIData::DataTableCell* cell = row.findCell(static_cast<unsigned long>(c.id));
+          out << ' ' << (cell ? ScenarioVocabulary::formatCell(*cell) : std::string("NULL"));
+        }
+        out << '\n';
+      }
+    }
+  }
+  for (const auto& [id, files] : store_.allGogFiles())
+    for (const std::string& file : files)
+      out << "gog " << (id ? entities.fileId(id) : std::string("0")) << ' ' << q(file) << '\n';
+  for (const PreferenceRule& rule : store_.preferenceRules())
+    out << "rule " << q(rule.text) << '\n';
+  for (UniqueID_t id : all)
+    for (const std::string& flag : store_.drawFlags(id))
+      out << "draw-flag " << entities.fileId(id) << ' ' << q(flag) << '\n';
+  for (const std::string& flag : store_.drawFlags(0))
+    out << "draw-flag 0 " << q(flag) << '\n';
+}
+
+bool ScenarioWriter::writeFile(const std::string& path, std::string& error) const
+{
+  const std::string temporary = path + ".saving";
+  {
+    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
+    if (!out)
+    {
+      error = "cannot write " + temporary + ": " + std::strerror(errno);
+      return false;
+    }
+    std::vector<char> buffer(1 << 20);
+    out.rdbuf()->pubsetbuf(buffer.data(), static_cast<std::streamsize>(buffer.size()));
+    write(out);
+    out.flush();
+    if (!out)
+    {
+      error = "cannot write " + temporary + ": " + std::strerror(errno);
+      std::remove(temporary.c_str());
+      return false;
+    }
+  }
+  // The data must be on disk before the rename makes it the file.
+  if (FILE* f = std::fopen(temporary.c_str(), "rb"))
+  {
+    ::fsync(fileno(f));
+    std::fclose(f);
+  }
+  if (std::rename(temporary.c_str(), path.c_str()) != 0)
+  {
+    error = "cannot replace " + path + ": " + std::strerror(errno);
+    std::remove(temporary.c_str());
+    return false;
+  }
+  return true;
+}
+
+} // namespace kelvor

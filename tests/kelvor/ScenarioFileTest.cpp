@@ -1,0 +1,264 @@
+#include "files/ScenarioReader.h"
+#include "files/ScenarioWriter.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+using namespace kelvor;
+
+namespace
+{
+
+// Every command of the format, written by hand in degrees as a user would.
+const char* const EVERY_COMMAND = R"(kelvor-scenario 1
+# a comment line
+reference-year 2024
+origin 35.5 -117.25 700
+tangent-plane 100 -50 15
+description "Range day \"alpha\""
+classification "UNCLASSIFIED" 0x00FF00FF
+wind 7.5 270
+coordinate-frame LLA 0
+positions LLA
+angles degrees
+platform 10 "Eagle 1" icon "f16.png"
+point 10 0 35.5 -117.25 1000 90 5 0 200 10 -1
+point 10 10 35.51 -117.24 1100 - - - 201 11 -2
+point 10 -1 35.5 -117.25 1000
+platform 20 "Ship" # a trailing comment
+point 20 5 35.0 -117.0 0
+alias 20 "Hull 7" shown
+beam 30 10 "Radar" target hbw 5 vbw 4 azoffset 1 eloffset 2
+beam-point 30 1 45 10 20000
+gate 40 30 "Gate" body
+gate-point 40 1 45 10 1 1 100 200 150
+laser 50 10 "Designator" relative
+laser-point 50 2 10 20 0
+laser-range 50 2 9000
+laser-width 50 2 3
+laser-offset 50 2 1 2 3
+lob 60 20 "Bearings" relative
+lob-point 60 3 120 0 30000
+lob-style 60 3 0x00FF00FF 0xFF0000FF 65280 255 2
+projector 70 10 "Camera"
+projector-fov 70 4 30
+projector-state 70 4 on
+custom 80 30 "Cone" "Ribbon"
+state 10 0 on
+color 10 0 0xFF0000FF
+target 30 1 20
+generic 10 0 "KELVOR_TrackColor" "0xFF0000FF"
+generic 10 5 "Note" "brief" 2.5
+category 10 -1 "Side" "Blue"
+table 1 10 "Telemetry"
+column 1 "Fuel" double 0
+column 1 "Mode" string 0
+column 1 "Raw" blob 0
+column 1 "Count" int32 0
+row 1 0 12.5 "cruise" blob:01FF NULL
+row 1 1 nan "NULL" NULL 7
+gog 10 "/data/route.gog"
+gog 0 "/data/range.gog"
+rule "TrackDrawMode=Ribbon"
+draw-flag 10 "Preview"
+)";
+
+std::string writeToText(const ScenarioStore& store, kelCore::CoordinateSystem positions = kelCore::CoordinateSystem::LLA)
+{
+  std::ostringstream out;
+  ScenarioWriter(store, {positions}).write(out);
+  return out.str();
+}
+
+ReadReport readInto(ScenarioStore& store, const std::string& text, bool strict = false)
+{
+  return ScenarioReader(store, {strict}).readText(text, "test.kls");
+}
+
+const Entity& byOriginalId(const ScenarioStore& store, UniqueID_t original)
+{
+  for (UniqueID_t id : store.list(PI_ALL_TYPES))
+    if (originalIdOfHeader(store.entity(id)->header) == original)
+      return *store.entity(id);
+  throw std::runtime_error("no entity " + std::to_string(original));
+}
+
+TEST(ScenarioFile, EveryCommandReadsAndTheSecondWriteIsTheSameText)
+{
+  ScenarioStore first;
+  const ReadReport report = readInto(first, EVERY_COMMAND);
+  ASSERT_TRUE(report.ok()) << (report.errors.empty() ? "" : report.errors[0]);
+  EXPECT_EQ(8u, report.entities);
+  const std::string written = writeToText(first);
+
+  ScenarioStore second;
+  ASSERT_TRUE(readInto(second, written).ok());
+  EXPECT_EQ(written, writeToText(second)) << "reading back loses nothing";
+
+  const Entity& eagle = byOriginalId(second, 10);
+  ASSERT_EQ(3u, eagle.platformPoints.size());
+  EXPECT_EQ(-1.0, eagle.platformPoints.front().time);
+  const StoredPlatformPoint& p = *eagle.platformPoints.atOrAfter(10.0);
+  EXPECT_EQ(35.51 * M_PI / 180.0, p.lat) << "bit for bit";
+  EXPECT_FALSE(p.hasOrientation());
+  EXPECT_EQ(201.0, p.velEast);
+  EXPECT_EQ("Hull 7", byOriginalId(second, 20).alias);
+  EXPECT_TRUE(byOriginalId(second, 20).useAlias);
+  EXPECT_EQ(byOriginalId(second, 20).id, byOriginalId(second, 30).targets.front().value);
+  EXPECT_EQ(5.0 * M_PI / 180.0, std::get<PIData::PIBeamHeader>(byOriginalId(second, 30).header).horizontalBeamWidth);
+  EXPECT_EQ("Range day \"alpha\"", second.properties().description);
+  EXPECT_EQ(2024, second.properties().referenceYear);
+  EXPECT_EQ(2u, second.preferenceRules().size() + second.drawFlags(eagle.id).size());
+  EXPECT_EQ(std::vector<std::string>{"/data/range.gog"}, second.attachedGogFiles(0));
+
+  const DataTable& table = *second.table(eagle.tables.at(0));
+  ASSERT_EQ(2u, table.rows().size());
+  const PIData::DataTableRowT& row1 = table.rows().at(1.0);
+  double fuel = 0;
+  row1.getCell(static_cast<unsigned long>(table.columns()[0].id), fuel);
+  EXPECT_TRUE(std::isnan(fuel));
+  std::string mode;
+  row1.getCell(static_cast<unsigned long>(table.columns()[1].id), mode);
+  EXPECT_EQ("NULL", mode) << "a quoted NULL is text";
+  EXPECT_EQ(nullptr, row1.findCell(static_cast<unsigned long>(table.columns()[2].id))) << "a bare NULL is no cell";
+}
+
+TEST(ScenarioFile, EveryDoubleSurvivesToTheLastBit)
+{
+  ScenarioStore store;
+  store.properties().initialized = true;
+  const UniqueID_t id = store.createEntity(PIData::PIPlatformHeader(), 0);
+  StoredPlatformPoint s;
+  s.time = 0.1 + 0.2;
+  s.lat = std::nextafter(0.6, 1.0);
+  s.lon = -2.0000000000000004;
+  s.alt = 1e-310; // subnormal
+  s.yaw = M_PI;
+  s.pitch = -0.0;
+  s.roll = 1e300;
+  store.entity(id)->platformPoints.insert(s);
+  ScenarioStore back;
+  ASSERT_TRUE(readInto(back, writeToText(store)).ok());
+  const StoredPlatformPoint& r = back.entity(back.list(PI_PLATFORM_TYPE)[0])->platformPoints.front();
+  EXPECT_EQ(s.time, r.time);
+  EXPECT_EQ(s.lat, r.lat);
+  EXPECT_EQ(s.lon, r.lon);
+  EXPECT_EQ(s.alt, r.alt);
+  EXPECT_EQ(s.roll, r.roll);
+  EXPECT_TRUE(std::signbit(r.pitch)) << "negative zero stays negative";
+}
+
+TEST(ScenarioFile, PositionsInEverySystemReadBackToTheSamePlace)
+{
+  ScenarioStore store;
+  ASSERT_TRUE(readInto(store, EVERY_COMMAND).ok());
+  const StoredPlatformPoint original = byOriginalId(store, 10).platformPoints.back();
+  for (auto system : {kelCore::CoordinateSystem::ECEF, kelCore::CoordinateSystem::NED, kelCore::CoordinateSystem::NWU,
+                      kelCore::CoordinateSystem::ENU, kelCore::CoordinateSystem::XEAST, kelCore::CoordinateSystem::GTP})
+  {
+    ScenarioStore back;
+    const std::string text = writeToText(store, system);
+    ASSERT_TRUE(readInto(back, text).ok()) << text.substr(0, 400);
+    const StoredPlatformPoint p = byOriginalId(back, 10).platformPoints.back();
+    EXPECT_NEAR(original.lat, p.lat, 1e-10) << static_cast<int>(system);
+    EXPECT_NEAR(original.alt, p.alt, 1e-3) << static_cast<int>(system);
+    EXPECT_NEAR(original.velNorth, p.velNorth, 1e-6) << static_cast<int>(system);
+  }
+}
+
+TEST(ScenarioFile, EachBadLineIsReportedAndTheRestLoads)
+{
+  const std::string text = std::string("kelvor-scenario 1\n") +
+                           "platform 1 \"A\"\n"
+                           "pointt 1 0 0 0 0\n"          // 3 unknown command
+                           "point 1 0 0.5\n"             // 4 missing field
+                           "point 1 0 abc 0 0\n"         // 5 bad number
+                           "point 1 -5 0 0 0\n"          // 6 bad time
+                           "point 9 0 0 0 0\n"           // 7 unknown entity
+                           "platform 1 \"B\"\n"          // 8 duplicate id
+                           "description \"open\n"        // 9 unterminated quote
+                           "point 1 1 \xff\xfe 0 0\n"    // 10 not UTF-8
+                           "point 1 2 0.1 0.2 3\n"       // 11 fine
+                           "beam 5 1 \"R\" sideways\n"   // 12 unknown beam type
+                           "gate 6 1 \"G\" body\n";      // 13 a gate on a platform
+  ScenarioStore store;
+  const ReadReport report = readInto(store, text);
+  ASSERT_TRUE(report.loaded);
+  const std::vector<std::string> expected = {
+    "test.kls:3: unknown command 'pointt'",
+    "test.kls:4: missing field: expected LON",
+    "test.kls:5: bad number 'abc' for LAT",
+    "test.kls:6: bad time '-5': seconds since the reference year, or -1 for a static value",
+    "test.kls:7: unknown entity id 9",
+    "test.kls:8: duplicate id 1",
+    "test.kls:9: unterminated quote",
+    "test.kls:10: not UTF-8 text",
+    "test.kls:12: unknown beam type 'sideways'",
+    "test.kls:13: entity 1 is a platform, not a beam",
+  };
+  EXPECT_EQ(expected, report.errors);
+  ASSERT_EQ(1u, store.list(PI_PLATFORM_TYPE).size());
+  EXPECT_EQ(1u, store.entity(store.list(PI_PLATFORM_TYPE)[0])->platformPoints.size()) << "the good line loaded";
+}
+
+TEST(ScenarioFile, RefusedFilesLeaveTheLoadedScenarioAlone)
+{
+  ScenarioStore store;
+  ASSERT_TRUE(readInto(store, EVERY_COMMAND).ok());
+  const std::string before = writeToText(store);
+
+  const ReadReport strict = readInto(store, "kelvor-scenario 1\nplatform 1 \"X\"\nbogus\n", true);
+  EXPECT_FALSE(strict.loaded);
+  EXPECT_EQ(1u, strict.errors.size());
+
+  const ReadReport empty = readInto(store, "");
+  EXPECT_FALSE(empty.loaded);
+  EXPECT_EQ(std::vector<std::string>{"test.kls:1: empty file: no 'kelvor-scenario 1' line"}, empty.errors);
+
+  const ReadReport garbage = readInto(store, std::string("\x7f" "ELF\x02\x01\x01\0\0\0", 10));
+  EXPECT_FALSE(garbage.loaded);
+  ASSERT_EQ(1u, garbage.errors.size());
+
+  const ReadReport otherFormat = readInto(store, "time,lat,lon,alt\n0,1,2,3\n");
+  EXPECT_FALSE(otherFormat.loaded);
+  EXPECT_EQ("test.kls:1: not a scenario file: the first line must be 'kelvor-scenario 1'", otherFormat.errors.at(0));
+
+  const ReadReport newer = readInto(store, "kelvor-scenario 2\n");
+  EXPECT_FALSE(newer.loaded);
+  EXPECT_EQ(before, writeToText(store)) << "nothing of the loaded scenario was lost";
+}
+
+TEST(ScenarioFile, SavingReplacesTheFileWholeOrNotAtAll)
+{
+  QTemporaryDir dir;
+  const std::string path = dir.filePath("scenario.kls").toStdString();
+  ScenarioStore store;
+  ASSERT_TRUE(readInto(store, EVERY_COMMAND).ok());
+  std::string error;
+  ASSERT_TRUE(ScenarioWriter(store).writeFile(path, error)) << error;
+  ASSERT_TRUE(ScenarioWriter(store).writeFile(path, error)) << error;
+  EXPECT_FALSE(std::ifstream(path + ".saving").good()) << "no temporary file is left behind";
+
+  ScenarioStore back;
+  EXPECT_TRUE(ScenarioReader(back).readFile(path).ok());
+  EXPECT_EQ(writeToText(store), writeToText(back));
+
+  const std::string blocked = dir.filePath("blocked").toStdString();
+  ASSERT_TRUE(QDir(dir.path()).mkdir("blocked"));
+  EXPECT_FALSE(ScenarioWriter(store).writeFile(blocked, error)) << "a folder cannot be replaced by a file";
+  EXPECT_NE(std::string::npos, error.find("blocked"));
+  EXPECT_FALSE(std::ifstream(blocked + ".saving").good());
+
+  ScenarioStore untouched;
+  const ReadReport missing = ScenarioReader(untouched).readFile(dir.filePath("none.kls").toStdString());
+  EXPECT_FALSE(missing.loaded);
+  EXPECT_NE(std::string::npos, missing.errors.at(0).find("cannot open"));
+}
+
+} // namespace
