@@ -1,0 +1,173 @@
+#include "cli/KelvorEdit.h"
+
+#include "cli/EditSession.h"
+#include "files/ScenarioVocabulary.h"
+#include "files/ScenarioWriter.h"
+
+#include <cmath>
+#include <iomanip>
+#include <sstream>
+#include <map>
+
+namespace kelvor
+{
+
+namespace
+{
+
+void printErrors(const ReadReport& report, std::ostream& err)
+{
+  for (const std::string& e : report.errors)
+    err << e << '\n';
+}
+
+std::string degrees(double radians, char positive, char negative)
+{
+  std::ostringstream text;
+  text << std::fixed << std::setprecision(6) << std::fabs(radians * 180.0 / M_PI) << ' '
+       << (radians < 0 ? negative : positive);
+  return text.str();
+}
+
+} // namespace
+
+int KelvorEdit::run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err)
+{
+  if (arguments.empty())
+  {
+    usage_(err);
+    return USAGE;
+  }
+  const std::string& command = arguments[0];
+  const std::vector<std::string> rest(arguments.begin() + 1, arguments.end());
+  if (command == "--help" || command == "-h" || command == "help")
+  {
+    usage_(out);
+    return SUCCESS;
+  }
+  if (command == "info")
+    return info_(rest, out, err);
+  if (command == "convert")
+    return convert_(rest, out, err);
+  if (command == "check")
+    return check_(rest, out, err);
+  err << "kelvor-edit: unknown command '" << command << "'\n";
+  usage_(err);
+  return USAGE;
+}
+
+void KelvorEdit::usage_(std::ostream& out)
+{
+  out << "Usage: kelvor-edit COMMAND ARGUMENTS\n"
+         "Batch edits of KELVOR Lite scenario files (.kls) and CSV tracks (.csv).\n"
+         "\n"
+         "Commands:\n"
+         "  info FILE                       entities by kind, points, time span, reference year, origin\n"
+         "  convert IN OUT [--positions S]  read IN and write OUT as a scenario file, positions in\n"
+         "                                  S: LLA (the default), ECEF, NED, NWU, ENU, XEAST or GTP\n"
+         "  check FILE                      report every line that cannot be read\n"
+         "  --help                          this text\n"
+         "\n"
+         "Exit status: 0 success, 1 failure, 2 bad usage. Errors go to standard error as file:line: reason.\n";
+}
+
+int KelvorEdit::info_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
+{
+  if (args.size() != 1)
+  {
+    err << "kelvor-edit: info takes one FILE\n";
+    return USAGE;
+  }
+  EditSession session;
+  const ReadReport report = session.open(args[0]);
+  printErrors(report, err);
+  if (!report.loaded)
+    return FAILURE;
+  const ScenarioStore& store = session.store();
+  std::map<std::string, std::size_t> kinds;
+  std::size_t points = 0;
+  for (UniqueID_t id : store.list(PI_ALL_TYPES))
+  {
+    ++kinds[ScenarioVocabulary::kindName(store.entity(id)->kind)];
+    points += store.entity(id)->pointCount();
+  }
+  const ScenarioProperties& p = store.properties();
+  out << "file: " << args[0] << '\n';
+  out << "entities: " << store.entityCount() << '\n';
+  for (const auto& [kind, count] : kinds)
+    out << "  " << kind << ": " << count << '\n';
+  out << "points: " << points << '\n';
+  const double begin = store.earliestTime(0), end = store.latestTime(0);
+  if (begin < 0)
+    out << "time span: none (no timed data)\n";
+  else
+    out << "time span: " << begin << " to " << end << " s (" << (end - begin) << " s)\n";
+  out << "reference year: " << p.referenceYear << '\n';
+  out << "origin: " << degrees(p.latOrigin, 'N', 'S') << ", " << degrees(p.lonOrigin, 'E', 'W') << ", " << p.altOrigin
+      << " m\n";
+  return report.errors.empty() ? SUCCESS : FAILURE;
+}
+
+int KelvorEdit::convert_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
+{
+  std::vector<std::string> files;
+  kelCore::CoordinateSystem positions = kelCore::CoordinateSystem::LLA;
+  for (std::size_t i = 0; i < args.size(); ++i)
+  {
+    if (args[i] == "--positions")
+    {
+      if (i + 1 >= args.size() || !ScenarioVocabulary::positionSystem(args[i + 1], positions))
+      {
+        err << "kelvor-edit: --positions takes LLA, ECEF, NED, NWU, ENU, XEAST or GTP\n";
+        return USAGE;
+      }
+      ++i;
+    }
+    else
+      files.push_back(args[i]);
+  }
+  if (files.size() != 2)
+  {
+    err << "kelvor-edit: convert takes IN and OUT\n";
+    return USAGE;
+  }
+  EditSession session;
+  const ReadReport report = session.open(files[0]);
+  printErrors(report, err);
+  if (!report.ok())
+  {
+    // Writing would drop the lines that could not be read.
+    err << "kelvor-edit: " << files[0] << " has lines that cannot be read; nothing written\n";
+    return FAILURE;
+  }
+  std::string error;
+  if (!ScenarioWriter(session.store(), {positions}).writeFile(files[1], error))
+  {
+    err << "kelvor-edit: " << error << '\n';
+    return FAILURE;
+  }
+  out << "wrote " << files[1] << " (" << session.store().entityCount() << " entities, positions "
+      << ScenarioVocabulary::positionSystemName(positions) << ")\n";
+  return SUCCESS;
+}
+
+int KelvorEdit::check_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
+{
+  if (args.size() != 1)
+  {
+    err << "kelvor-edit: check takes one FILE\n";
+    return USAGE;
+  }
+  EditSession session;
+  const ReadReport report = session.open(args[0]);
+  printErrors(report, err);
+  if (report.errors.empty())
+  {
+    out << args[0] << ": " << report.lines << " lines, all readable\n";
+    return SUCCESS;
+  }
+  out << args[0] << ": " << report.errors.size() << " of " << report.lines << " lines cannot be read\n";
+  return FAILURE;
+}
+
+} // namespace kelvor
