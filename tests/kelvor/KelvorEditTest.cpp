@@ -1,0 +1,118 @@
+#include "ScenarioGenerator.h"
+#include "cli/KelvorEdit.h"
+#include "files/ScenarioReader.h"
+#include "files/ScenarioWriter.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+using namespace kelvor;
+
+namespace
+{
+
+class KelvorEditCommands : public ::testing::Test
+{
+protected:
+  int run(std::vector<std::string> args)
+  {
+    out.str("");
+    err.str("");
+    return KelvorEdit().run(args, out, err);
+  }
+  std::string file(const std::string& name, const std::string& text)
+  {
+    const std::string path = dir.filePath(QString::fromStdString(name)).toStdString();
+    std::ofstream(path) << text;
+    return path;
+  }
+  QTemporaryDir dir;
+  std::ostringstream out, err;
+};
+
+TEST_F(KelvorEditCommands, UsageHelpAndUnknownCommands)
+{
+  EXPECT_EQ(KelvorEdit::USAGE, run({}));
+  EXPECT_NE(std::string::npos, err.str().find("Usage: kelvor-edit"));
+  EXPECT_EQ(KelvorEdit::SUCCESS, run({"--help"}));
+  EXPECT_NE(std::string::npos, out.str().find("convert IN OUT"));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"frobnicate"}));
+  EXPECT_NE(std::string::npos, err.str().find("unknown command 'frobnicate'"));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"info"}));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"convert", "a.kls"}));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"convert", "a.kls", "b.kls", "--positions", "MARS"}));
+}
+
+TEST_F(KelvorEditCommands, InfoSummarisesTheScenario)
+{
+  const std::string path = file("small.kls", "kelvor-scenario 1\nreference-year 2025\norigin 35 -117 10\n"
+                                             "platform 1 \"A\"\npoint 1 5 35 -117 0\npoint 1 65 35.1 -117 0\n"
+                                             "beam 2 1 \"B\" absolute\nbeam-point 2 5 0 0 100\n");
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"info", path}));
+  const std::string text = out.str();
+  EXPECT_NE(std::string::npos, text.find("entities: 2")) << text;
+  EXPECT_NE(std::string::npos, text.find("platform: 1"));
+  EXPECT_NE(std::string::npos, text.find("points: 3"));
+  EXPECT_NE(std::string::npos, text.find("time span: 5 to 65 s (60 s)"));
+  EXPECT_NE(std::string::npos, text.find("reference year: 2025"));
+  EXPECT_NE(std::string::npos, text.find("origin: 35.000000 N, 117.000000 W, 10 m"));
+  EXPECT_EQ(KelvorEdit::FAILURE, run({"info", dir.filePath("missing.kls").toStdString()}));
+}
+
+TEST_F(KelvorEditCommands, CheckReportsEveryBadLine)
+{
+  const std::string good = file("good.kls", "kelvor-scenario 1\nplatform 1 \"A\"\n");
+  EXPECT_EQ(KelvorEdit::SUCCESS, run({"check", good}));
+  const std::string bad = file("bad.kls", "kelvor-scenario 1\nplatform 1 \"A\"\nflying 1\npoint 1 x 0 0 0\n");
+  EXPECT_EQ(KelvorEdit::FAILURE, run({"check", bad}));
+  EXPECT_EQ(bad + ":3: unknown command 'flying'\n" + bad + ":4: bad time 'x': seconds since the reference year, or -1 "
+                                                         "for a static value\n",
+            err.str());
+  EXPECT_NE(std::string::npos, out.str().find("2 of 4 lines cannot be read"));
+}
+
+TEST_F(KelvorEditCommands, ConvertReadsCsvAndWritesAnySystemButNeverDropsBadLines)
+{
+  const std::string csv = file("track.csv", "time,lat,lon,alt\n0,35,-117,100\n1,35.001,-117,110\n");
+  const std::string ecef = dir.filePath("track.kls").toStdString();
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"convert", csv, ecef, "--positions", "ECEF"}));
+  std::ifstream written(ecef);
+  std::stringstream text;
+  text << written.rdbuf();
+  EXPECT_NE(std::string::npos, text.str().find("positions ECEF"));
+  EXPECT_EQ(KelvorEdit::SUCCESS, run({"info", ecef}));
+  EXPECT_NE(std::string::npos, out.str().find("points: 2"));
+
+  const std::string bad = file("bad.kls", "kelvor-scenario 1\nplatform 1 \"A\"\nnonsense\n");
+  const std::string target = dir.filePath("never.kls").toStdString();
+  EXPECT_EQ(KelvorEdit::FAILURE, run({"convert", bad, target}));
+  EXPECT_FALSE(std::ifstream(target).good()) << "nothing is written when lines would be lost";
+}
+
+TEST(DemoScenario, TheCommittedFileIsWhatTheGeneratorMakesAndReadsClean)
+{
+  ScenarioStore generated;
+  ScenarioGenerator::demo(generated);
+  std::ostringstream text;
+  ScenarioWriter(generated).write(text);
+  std::ifstream committed(std::string(SEP_SOURCE_DIR) + "/data/demo.kls");
+  std::stringstream committedText;
+  committedText << committed.rdbuf();
+  EXPECT_EQ(text.str(), committedText.str()) << "run: build/bin/kelvor-datagen demo data/demo.kls";
+
+  ScenarioStore read;
+  const ReadReport report = ScenarioReader(read).readText(committedText.str(), "demo.kls");
+  EXPECT_TRUE(report.ok());
+  EXPECT_EQ(3u, [&] {
+    std::size_t vipers = 0;
+    for (UniqueID_t id : read.list(PI_PLATFORM_TYPE))
+      vipers += nameOfHeader(read.entity(id)->header) == "Viper 2";
+    return vipers;
+  }()) << "a track broken into pieces of one name";
+}
+
+} // namespace
