@@ -1,13 +1,15 @@
-# make test   installs what is missing, builds, and runs every test (also under ASan and UBSan)
+# make test   installs what is missing, builds, runs every test (also under ASan and UBSan) and the fuzzers
 # make bench  installs what is missing, builds, and runs the benchmarks
 # make build  installs what is missing and builds
 
 BUILD_DIR ?= build
 SANITIZE_DIR ?= build-sanitize
+FUZZ_DIR ?= build-fuzz
+FUZZ_SECONDS ?= 15
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 CTEST_FLAGS ?= --output-on-failure -j2
 
-.PHONY: all deps build build-sanitize test test-fast bench clean
+.PHONY: all deps build build-sanitize test test-fast bench fuzz clean
 
 all: build
 
@@ -16,6 +18,9 @@ deps:
 
 $(BUILD_DIR)/build.ninja: | deps
 	cmake -S . -B $(BUILD_DIR) $(CMAKE_FLAGS)
+
+$(FUZZ_DIR)/build.ninja: | deps
+	cmake -S . -B $(FUZZ_DIR) $(CMAKE_FLAGS) -DCMAKE_CXX_COMPILER=clang++ -DSEP_FUZZ=ON
 
 $(SANITIZE_DIR)/build.ninja: | deps
 	cmake -S . -B $(SANITIZE_DIR) $(CMAKE_FLAGS) -DSEP_SANITIZE=ON
@@ -26,12 +31,23 @@ build: deps $(BUILD_DIR)/build.ninja
 build-sanitize: deps $(SANITIZE_DIR)/build.ninja
 	cmake --build $(SANITIZE_DIR)
 
-# The plain build's tests, then the same suite under the sanitizers.
-test: build build-sanitize
+# The plain build's tests, the fuzz targets for a bounded time, then the suite under the sanitizers.
+test: build build-sanitize fuzz
 	ctest --test-dir $(BUILD_DIR) $(CTEST_FLAGS)
 	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
 	  LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:fast_unwind_on_malloc=0 \
 	  ctest --test-dir $(SANITIZE_DIR) $(CTEST_FLAGS)
+
+# Each reader of outside input under libFuzzer for FUZZ_SECONDS, from the checked-in seeds.
+fuzz: deps $(FUZZ_DIR)/build.ninja
+	cmake --build $(FUZZ_DIR)
+	@for pair in ScenarioReader:scenario CsvTrackReader:csv GogReader:gog; do \
+	  target=$${pair%%:*}; seeds=$${pair##*:}; mkdir -p $(FUZZ_DIR)/corpus/$$seeds; \
+	  echo "== fuzzing $$target for $(FUZZ_SECONDS) s"; \
+	  $(FUZZ_DIR)/fuzz/$${target}Fuzz -max_total_time=$(FUZZ_SECONDS) -print_final_stats=0 \
+	    $(FUZZ_DIR)/corpus/$$seeds fuzz/corpus/$$seeds > $(FUZZ_DIR)/$$target.log 2>&1 \
+	    || { tail -40 $(FUZZ_DIR)/$$target.log; exit 1; }; \
+	done
 
 # The plain build's tests only, for a quick check while working.
 test-fast: build
@@ -42,4 +58,4 @@ bench: build
 	@for b in $(BUILD_DIR)/bin/*_bench; do echo "== $$b"; "$$b" || exit 1; done
 
 clean:
-	rm -rf $(BUILD_DIR) $(SANITIZE_DIR)
+	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(FUZZ_DIR)
