@@ -19,8 +19,20 @@ bool LineTokenizer::split(std::string_view line, std::vector<std::string>& token
 bool LineTokenizer::split(std::string_view line, std::vector<std::string>& tokens, std::vector<bool>& quoted,
                           std::string& error)
 {
-  tokens.clear();
-  quoted.clear();
+  // Tokens are assigned into the strings already there, so a reader that reuses its vectors
+  // allocates nothing for lines of ordinary length.
+  std::size_t used = 0;
+  auto emit = [&](std::string_view text, bool inQuotes) {
+    if (used < tokens.size())
+      tokens[used].assign(text.data(), text.size());
+    else
+      tokens.emplace_back(text);
+    if (used < quoted.size())
+      quoted[used] = inQuotes;
+    else
+      quoted.push_back(inQuotes);
+    ++used;
+  };
   std::size_t i = 0;
   const std::size_t n = line.size();
   while (i < n)
@@ -37,10 +49,11 @@ bool LineTokenizer::split(std::string_view line, std::vector<std::string>& token
       if (i < n && line[i] == '"')
       {
         error = "a quote inside a word; put the whole word in quotes";
+        tokens.resize(used);
+        quoted.resize(used);
         return false;
       }
-      tokens.emplace_back(line.substr(start, i - start));
-      quoted.push_back(false);
+      emit(line.substr(start, i - start), false);
       continue;
     }
     std::string token;
@@ -69,9 +82,10 @@ bool LineTokenizer::split(std::string_view line, std::vector<std::string>& token
       error = "text right after a closing quote";
       return false;
     }
-    tokens.push_back(std::move(token));
-    quoted.push_back(true);
+    emit(token, true);
   }
+  tokens.resize(used);
+  quoted.resize(used);
   return true;
 }
 
