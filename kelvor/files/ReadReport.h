@@ -17,6 +17,14 @@ struct ReadReport
   std::size_t points = 0;          ///< time-stamped items read
 
   bool ok() const { return loaded && errors.empty(); }
+
+  /// The report of a file that could not be opened.
+  static ReadReport unopened(const std::string& path)
+  {
+    ReadReport report;
+    report.errors.push_back(path + ":0: cannot open the file");
+    return report;
+  }
 };
 
 } // namespace kelvor

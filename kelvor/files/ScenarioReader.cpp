@@ -65,11 +65,7 @@ ReadReport ScenarioReader::readFile(const std::string& path)
 {
   std::ifstream in(path, std::ios::binary);
   if (!in)
-  {
-    ReadReport report;
-    report.errors.push_back(path + ":0: cannot open the file");
-    return report;
-  }
+    return ReadReport::unopened(path);
   return read(in, path);
 }
 
