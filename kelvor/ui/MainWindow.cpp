@@ -1,0 +1,276 @@
+#include "ui/MainWindow.h"
+
+#include "files/CsvTrackReader.h"
+#include "files/ScenarioReader.h"
+#include "files/ScenarioWriter.h"
+#include "server/KelvorServer.h"
+#include "ui/ClockBar.h"
+#include "ui/ContextMenuRenderer.h"
+#include "ui/DataBrowser.h"
+#include "ui/GlobeWidget.h"
+#include "ui/NotificationsDock.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace kelvor
+{
+
+namespace
+{
+
+constexpr int NOTIFY_ERROR = 2;
+constexpr int NOTIFY_NOTICE = 4;
+
+MainWindow::SaveAnswer askWithDialog(QWidget* parent, const QString& what)
+{
+  const auto answer = QMessageBox::question(parent, QObject::tr("Unsaved Changes"),
+                                            QObject::tr("The scenario has unsaved changes. Save them before %1?").arg(what),
+                                            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                                            QMessageBox::Save);
+  return answer == QMessageBox::Save ? MainWindow::SaveAnswer::SAVE
+                                     : (answer == QMessageBox::Discard ? MainWindow::SaveAnswer::DISCARD
+                                                                       : MainWindow::SaveAnswer::CANCEL);
+}
+
+} // namespace
+
+MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* parent)
+  : QMainWindow(parent),
+    store_(store),
+    server_(server),
+    globe_(new GlobeWidget(store, this)),
+    dataBrowser_(new DataBrowser(store, this)),
+    notifications_(new NotificationsDock(this)),
+    clockBar_(new ClockBar(store, this)),
+    toast_(new QLabel(this)),
+    refreshTimer_(new QTimer(this))
+{
+  setObjectName("KelvorLiteMainWindow");
+  setCentralWidget(globe_);
+  addDockWidget(Qt::LeftDockWidgetArea, dataBrowser_);
+  addDockWidget(Qt::BottomDockWidgetArea, notifications_);
+  addToolBar(Qt::BottomToolBarArea, clockBar_);
+  toast_->setStyleSheet("background: rgba(30,30,30,220); color: white; padding: 8px; border-radius: 6px;");
+  toast_->hide();
+  refreshTimer_->setSingleShot(true);
+  refreshTimer_->setInterval(50);
+  connect(refreshTimer_, &QTimer::timeout, this, &MainWindow::refreshNow);
+  connect(clockBar_, &ClockBar::timeChanged, globe_, &GlobeWidget::refresh);
+  connect(dataBrowser_, &DataBrowser::contextMenuRequested, this,
+          [this](const std::vector<UniqueID_t>& ids, const QPoint& at) { showContextMenu(3, ids, at); });
+  connect(globe_, &GlobeWidget::contextMenuRequested, this,
+          [this](UniqueID_t id, const QPoint& at) { showContextMenu(0, {id}, at); });
+  saveQuestion_ = [this](const QString& what) { return askWithDialog(this, what); };
+  buildMenus_();
+  resize(1400, 900);
+  updateTitle_();
+  statusBar()->showMessage(tr("Ready"));
+}
+
+void MainWindow::buildMenus_()
+{
+  QMenu* file = menuBar()->addMenu(tr("&File"));
+  file->addAction(tr("&Open..."), this, [this]() {
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Scenario"), QString(),
+                                                      tr("Scenarios and tracks (*.kls *.csv);;All files (*)"));
+    if (!path.isEmpty())
+      openFile(path);
+  }, QKeySequence::Open);
+  file->addAction(tr("&Import CSV..."), this, [this]() {
+    const QString path = QFileDialog::getOpenFileName(this, tr("Import CSV Tracks"), QString(), tr("CSV (*.csv)"));
+    if (path.isEmpty())
+      return;
+    const ReadReport report = CsvTrackReader(store_, {false, false}).readFile(path.toStdString());
+    for (const std::string& e : report.errors)
+      notifications_->add(QString::fromStdString(e), NOTIFY_ERROR);
+    if (report.loaded)
+      setModified(true);
+  });
+  file->addAction(tr("&Save"), this, [this]() { save(); }, QKeySequence::Save);
+  file->addAction(tr("Save &As..."), this, [this]() {
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save Scenario"), fileName_, tr("Scenarios (*.kls)"));
+    if (!path.isEmpty())
+      saveAs(path);
+  }, QKeySequence::SaveAs);
+  file->addAction(tr("&Close Scenario"), this, [this]() { closeScenario(); });
+  file->addAction(tr("Load &GOG..."), this, [this]() {
+    const QString path = QFileDialog::getOpenFileName(this, tr("Load GOG Overlay"), QString(), tr("GOG (*.gog)"));
+    if (path.isEmpty())
+      return;
+    store_.attachGogFile(0, path.toStdString());
+    setModified(true);
+    globe_->refresh();
+  });
+  file->addSeparator();
+  file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+
+  pluginMenu_ = menuBar()->addMenu(tr("&Plug-ins"));
+  QMenu* view = menuBar()->addMenu(tr("&View"));
+  view->addAction(dataBrowser_->toggleViewAction());
+  view->addAction(notifications_->toggleViewAction());
+  view->addAction(clockBar_->toggleViewAction());
+  view->addAction(tr("Show &Scenario"), globe_, &GlobeWidget::showScenario);
+  QMenu* help = menuBar()->addMenu(tr("&Help"));
+  help->addAction(tr("&About KELVOR Lite"), this, [this]() {
+    QMessageBox::about(this, tr("About KELVOR Lite"),
+                       tr("KELVOR Lite: a desktop host of 3-D scenario displays and their plug-ins. Host API 1.29.0."));
+  });
+  rebuildPluginMenu();
+}
+
+void MainWindow::rebuildPluginMenu()
+{
+  pluginMenu_->clear();
+  for (const PluginMenu::Item& item : server_.pluginMenu().items())
+  {
+    QAction* action = pluginMenu_->addAction(QString::fromStdString(PluginMenu::label(item)));
+    action->setStatusTip(QString::fromStdString(PluginMenu::help(item)));
+    action->setEnabled(item.enabled);
+    if (item.icon)
+    {
+      const std::string bytes = server_.iconBytes(item.icon);
+      QPixmap pixmap;
+      if (pixmap.loadFromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<uint>(bytes.size())))
+        action->setIcon(QIcon(pixmap));
+    }
+    const long handle = item.handle;
+    connect(action, &QAction::triggered, this, [this, handle]() {
+      if (const PluginMenu::Item* current = server_.pluginMenu().item(handle))
+        PluginMenu::activate(*current);
+    });
+  }
+  pluginMenu_->setEnabled(!pluginMenu_->isEmpty());
+}
+
+void MainWindow::showContextMenu(int what, const std::vector<UniqueID_t>& ids, const QPoint& globalPosition)
+{
+  const auto built = server_.buildContextMenu(what, ids);
+  if (built->empty())
+    return;
+  QMenu menu(this);
+  menu.setObjectName("ContextMenu");
+  ContextMenuRenderer::render(*built, menu, [this](long id) { return server_.iconBytes(id); });
+  menu.exec(globalPosition);
+}
+
+bool MainWindow::maySetAside_(const QString& what)
+{
+  if (!modified_)
+    return true;
+  switch (saveQuestion_(what))
+  {
+  case SaveAnswer::SAVE: return save();
+  case SaveAnswer::DISCARD: return true;
+  case SaveAnswer::CANCEL: break;
+  }
+  return false;
+}
+
+bool MainWindow::openFile(const QString& path)
+{
+  if (!maySetAside_(tr("opening %1").arg(QFileInfo(path).fileName())))
+    return false;
+  const bool csv = path.endsWith(".csv", Qt::CaseInsensitive);
+  const ReadReport report = csv ? CsvTrackReader(store_).readFile(path.toStdString())
+                                : ScenarioReader(store_).readFile(path.toStdString());
+  for (const std::string& e : report.errors)
+    notifications_->add(QString::fromStdString(e), NOTIFY_ERROR);
+  if (!report.loaded)
+  {
+    QMessageBox::warning(this, tr("Open"), tr("%1 could not be opened; see the notifications.").arg(path));
+    return false;
+  }
+  fileName_ = csv ? QString() : path;
+  notifications_->add(tr("Opened %1: %2 entities, %3 points").arg(path).arg(report.entities).arg(report.points),
+                      NOTIFY_NOTICE);
+  setModified(csv || !report.errors.empty());
+  globe_->layer().clearOverlays();
+  refreshNow();
+  globe_->showScenario();
+  return true;
+}
+
+bool MainWindow::save()
+{
+  if (fileName_.isEmpty())
+  {
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save Scenario"), QString(), tr("Scenarios (*.kls)"));
+    return !path.isEmpty() && saveAs(path);
+  }
+  return saveAs(fileName_);
+}
+
+bool MainWindow::saveAs(const QString& path)
+{
+  std::string error;
+  if (!ScenarioWriter(store_).writeFile(path.toStdString(), error))
+  {
+    QMessageBox::critical(this, tr("Save"), QString::fromStdString(error));
+    return false;
+  }
+  fileName_ = path;
+  setModified(false);
+  statusBar()->showMessage(tr("Saved %1").arg(path), 4000);
+  return true;
+}
+
+bool MainWindow::closeScenario()
+{
+  if (!maySetAside_(tr("closing the scenario")))
+    return false;
+  ScenarioStore empty;
+  store_.replaceWith(empty);
+  fileName_.clear();
+  setModified(false);
+  refreshNow();
+  return true;
+}
+
+void MainWindow::setModified(bool modified)
+{
+  modified_ = modified;
+  updateTitle_();
+}
+
+void MainWindow::updateTitle_()
+{
+  const QString name = fileName_.isEmpty() ? tr("Untitled") : QFileInfo(fileName_).fileName();
+  setWindowTitle(tr("%1%2 - KELVOR Lite").arg(name, modified_ ? "*" : ""));
+}
+
+void MainWindow::showToast(const QString& text, int duration)
+{
+  toast_->setText(text);
+  toast_->adjustSize();
+  toast_->move((width() - toast_->width()) / 2, height() - toast_->height() - 80);
+  toast_->show();
+  toast_->raise();
+  QTimer::singleShot(1500 + 1500 * std::max(0, duration), toast_, &QWidget::hide);
+}
+
+void MainWindow::scheduleRefresh() { refreshTimer_->start(); }
+
+void MainWindow::refreshNow()
+{
+  dataBrowser_->refresh();
+  clockBar_->refresh();
+  globe_->refresh();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+  if (maySetAside_(tr("quitting")))
+    event->accept();
+  else
+    event->ignore();
+}
+
+} // namespace kelvor

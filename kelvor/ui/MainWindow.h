@@ -1,0 +1,98 @@
+#pragma once
+
+#include "host/UniqueID.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <vector>
+
+class QLabel;
+class QMenu;
+class QTimer;
+
+namespace kelvor
+{
+
+class ClockBar;
+class DataBrowser;
+class GlobeWidget;
+class KelvorServer;
+class NotificationsDock;
+class ScenarioStore;
+
+/**
+ * @brief KELVOR Lite's main window: the globe in the middle, the Data Browser and the
+ * notifications in docks, the clock bar, and the File, Plug-ins, View and Help menus.
+ * Opening, closing or replacing a scenario with unsaved changes asks first.
+ */
+class MainWindow : public QMainWindow
+{
+  Q_OBJECT
+public:
+  /// The answer to "save your changes?".
+  enum class SaveAnswer
+  {
+    SAVE,
+    DISCARD,
+    CANCEL
+  };
+  using SaveQuestion = std::function<SaveAnswer(const QString& what)>;
+
+  MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* parent = nullptr);
+
+  GlobeWidget* globe() const { return globe_; }
+  DataBrowser* dataBrowser() const { return dataBrowser_; }
+  NotificationsDock* notifications() const { return notifications_; }
+  ClockBar* clockBar() const { return clockBar_; }
+  QMenu* pluginMenu() const { return pluginMenu_; }
+
+  /// Opens a scenario (.kls) or CSV track file, asking first about unsaved changes. @return true when opened
+  bool openFile(const QString& path);
+  /// Saves to the file opened, or asks for one. @return true when saved
+  bool save();
+  /// Saves to path. @return true when saved
+  bool saveAs(const QString& path);
+  /// Closes the scenario, asking first about unsaved changes. @return true when closed
+  bool closeScenario();
+  /// @return true when the scenario changed since it was opened or saved.
+  bool isModified() const { return modified_; }
+  /// Notes a change of the scenario.
+  void setModified(bool modified);
+  /// Replaces the question asked before unsaved changes are lost (tests answer it themselves).
+  void setSaveQuestion(SaveQuestion question) { saveQuestion_ = std::move(question); }
+
+  /// Shows a short message that goes by itself. @param duration 0 short, 1 medium, 2 long
+  void showToast(const QString& text, int duration);
+  /// Redraws every view soon, once however many changes come.
+  void scheduleRefresh();
+  /// Redraws every view now.
+  void refreshNow();
+  /// Rebuilds the Plug-ins menu from the items plug-ins added.
+  void rebuildPluginMenu();
+  /// Shows the plug-ins' right-click menu for entities. @param what 0 the view, 3 a list
+  void showContextMenu(int what, const std::vector<UniqueID_t>& ids, const QPoint& globalPosition);
+
+protected:
+  void closeEvent(QCloseEvent* event) override;
+
+private:
+  void buildMenus_();
+  bool maySetAside_(const QString& what);
+  void updateTitle_();
+
+  ScenarioStore& store_;
+  KelvorServer& server_;
+  GlobeWidget* globe_;
+  DataBrowser* dataBrowser_;
+  NotificationsDock* notifications_;
+  ClockBar* clockBar_;
+  QMenu* pluginMenu_ = nullptr;
+  QLabel* toast_;
+  QTimer* refreshTimer_;
+  QString fileName_;
+  bool modified_ = false;
+  SaveQuestion saveQuestion_;
+};
+
+} // namespace kelvor

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "files/GogShape.h"
+#include "host/UniqueID.h"
+
+#include <marble/LayerInterface.h>
+
+#include <QColor>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace kelvor
+{
+
+class ScenarioStore;
+
+/**
+ * @brief What the globe draws over the map: every platform's whole track (its colour from the
+ * track-colour generic data, width and length from the preference rules, hidden by the draw
+ * flag "Hidden"), each platform's position at the clock's time with its name, GOG overlays
+ * and animated lines.
+ *
+ * Preference rules of the form "TrackWidth=3", "TrackLength=600" (seconds of track behind
+ * the current time) and "TrackDrawMode=Points" apply to every platform; prefixed with a
+ * platform's name and a colon ("Eagle 1:TrackWidth=4") to that platform only.
+ */
+class TrackLayer : public Marble::LayerInterface
+{
+public:
+  /// A line between two geodetic points, radians and metres.
+  struct Line
+  {
+    double lat1, lon1, lat2, lon2;
+    QColor color;
+    int width;
+  };
+
+  explicit TrackLayer(const ScenarioStore& store) : store_(store) {}
+
+  QStringList renderPosition() const override { return {"HOVERS_ABOVE_SURFACE"}; }
+  bool render(Marble::GeoPainter* painter, Marble::ViewportParams* viewport, const QString& renderPosition,
+              Marble::GeoSceneLayer* layer) override;
+
+  /// Most track points drawn for one platform; longer tracks are drawn from a sample.
+  static constexpr std::size_t MAX_DRAWN_POINTS = 4000;
+
+  std::map<long, Line>& lines() { return lines_; }
+  /// Drops the cached overlays, so that files attached since are read.
+  void clearOverlays() { overlays_.clear(); }
+  /// @return the colour of a platform's track: its track-colour generic data, else one of a palette.
+  QColor trackColor(UniqueID_t id) const;
+  /// @return errors of the overlay files read so far.
+  const std::vector<std::string>& overlayErrors() const { return overlayErrors_; }
+
+private:
+  struct TrackStyle
+  {
+    int width = 2;
+    double length = -1.0; ///< seconds behind the current time; -1 for the whole track
+    bool points = false;
+  };
+  TrackStyle style_(const std::string& name) const;
+  void drawTrack_(Marble::GeoPainter* painter, UniqueID_t id, double time);
+  void drawOverlays_(Marble::GeoPainter* painter);
+
+  const ScenarioStore& store_;
+  std::map<long, Line> lines_;
+  std::map<std::string, std::vector<GogShape>> overlays_;
+  std::vector<std::string> overlayErrors_;
+};
+
+} // namespace kelvor
