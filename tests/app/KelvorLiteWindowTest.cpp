@@ -1,0 +1,115 @@
+#include "app/HostApplication.h"
+#include "ui/DataBrowser.h"
+#include "ui/NotificationsDock.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+using namespace kelvor;
+
+namespace
+{
+
+const QString DEMO = QString(SEP_SOURCE_DIR) + "/data/demo.kls";
+
+class KelvorLiteWindow : public ::testing::Test
+{
+protected:
+  void SetUp() override
+  {
+    host = std::make_unique<HostApplication>(dir.filePath("registry.ini").toStdString());
+    host->window().show();
+    host->loadPlugins({std::string(TEST_PLUGIN_DIR) + "/MenuPlugin"}, PIApp::CommandLineArguments({"kelvor"}));
+  }
+  void TearDown() override { host.reset(); }
+
+  // Opens a right-click menu on the Data Browser's selection and reads it as it shows.
+  QStringList rightClickDataBrowser()
+  {
+    QStringList texts;
+    QTimer::singleShot(300, [&texts]() {
+      if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
+      {
+        for (QAction* action : menu->actions())
+          texts << (action->isSeparator() ? QString("---") : action->text());
+        menu->close();
+      }
+    });
+    QTreeWidget* tree = host->window().dataBrowser()->tree();
+    emit tree->customContextMenuRequested(tree->visualItemRect(tree->selectedItems().front()).center());
+    return texts;
+  }
+
+  QTemporaryDir dir;
+  std::unique_ptr<HostApplication> host;
+};
+
+TEST_F(KelvorLiteWindow, OpensTheDemoScenarioAndListsEveryEntity)
+{
+  ASSERT_TRUE(host->window().openFile(DEMO));
+  QTreeWidget* tree = host->window().dataBrowser()->tree();
+  int listed = 0;
+  for (QTreeWidgetItemIterator it(tree); *it; ++it)
+    ++listed;
+  EXPECT_EQ(static_cast<int>(host->store().entityCount()), listed);
+  EXPECT_EQ(16, listed);
+  EXPECT_FALSE(host->window().isModified());
+  EXPECT_TRUE(host->window().windowTitle().startsWith("demo.kls"));
+
+  QDir().mkpath(TEST_OUTPUT_DIR);
+  const QString shot = QString(TEST_OUTPUT_DIR) + "/kelvor-lite-demo.png";
+  QApplication::processEvents();
+  ASSERT_TRUE(host->window().grab().save(shot));
+  EXPECT_TRUE(QFileInfo(shot).size() > 10000) << shot.toStdString();
+}
+
+TEST_F(KelvorLiteWindow, ARightClickBuildsTheMenuThePluginsAskFor)
+{
+  ASSERT_TRUE(host->window().openFile(DEMO));
+  QTreeWidget* tree = host->window().dataBrowser()->tree();
+  tree->topLevelItem(0)->setSelected(true);
+  tree->topLevelItem(1)->setSelected(true);
+  const QStringList texts = rightClickDataBrowser();
+  EXPECT_EQ((QStringList{"---", "Test Action (2)"}), texts) << "the rule at weight 50 stands above the item at 100";
+
+  ASSERT_FALSE(host->window().pluginMenu()->actions().isEmpty());
+  QAction* item = host->window().pluginMenu()->actions().front();
+  EXPECT_EQ("Test Item...", item->text());
+  EXPECT_EQ("Runs the test command.", item->statusTip());
+  item->trigger();
+  const NotificationsDock* notes = host->window().notifications();
+  EXPECT_EQ("INFO: Menu: Command", notes->line(notes->count() - 1));
+}
+
+TEST_F(KelvorLiteWindow, UnsavedChangesAreNotLostWithoutBeingAsked)
+{
+  ASSERT_TRUE(host->window().openFile(DEMO));
+  host->window().setModified(true);
+  QStringList asked;
+  host->window().setSaveQuestion([&](const QString& what) {
+    asked << what;
+    return MainWindow::SaveAnswer::CANCEL;
+  });
+  EXPECT_FALSE(host->window().closeScenario());
+  EXPECT_EQ(16u, host->store().entityCount()) << "cancelled: nothing closed";
+  EXPECT_FALSE(host->window().openFile(DEMO));
+  EXPECT_EQ(2, asked.size());
+
+  host->window().setSaveQuestion([](const QString&) { return MainWindow::SaveAnswer::SAVE; });
+  const QString copy = dir.filePath("copy.kls");
+  ASSERT_TRUE(host->window().saveAs(copy));
+  host->window().setModified(true);
+  EXPECT_TRUE(host->window().closeScenario()) << "saved first, then closed";
+  EXPECT_EQ(0u, host->store().entityCount());
+  ASSERT_TRUE(host->window().openFile(copy));
+  EXPECT_EQ(16u, host->store().entityCount()) << "what was saved is what opens";
+}
+
+} // namespace
