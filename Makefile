@@ -1,3 +1,4 @@
+# make run    installs what is missing, builds, and opens KELVOR Lite on data/demo.kls
 # make test   installs what is missing, builds, runs every test (also under ASan and UBSan) and the fuzzers
 # make bench  installs what is missing, builds, and runs the benchmarks
 # make build  installs what is missing and builds
@@ -9,7 +10,7 @@ FUZZ_SECONDS ?= 15
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 CTEST_FLAGS ?= --output-on-failure -j2
 
-.PHONY: all deps build build-sanitize test test-fast bench fuzz clean
+.PHONY: all deps build build-sanitize run test test-fast bench fuzz clean
 
 all: build
 
@@ -30,6 +31,11 @@ build: deps $(BUILD_DIR)/build.ninja
 
 build-sanitize: deps $(SANITIZE_DIR)/build.ninja
 	cmake --build $(SANITIZE_DIR)
+
+run: build
+	@if [ -z "$$DISPLAY" ]; then \
+	  echo "make run opens a window and needs a display; without one: xvfb-run -a make run"; exit 1; fi
+	build/bin/kelvor data/demo.kls
 
 # The plain build's tests, the fuzz targets for a bounded time, then the suite under the sanitizers.
 test: build build-sanitize fuzz
