@@ -88,7 +88,19 @@ TEST_F(PluginLoad, AHostDrivesTheWholeLifecycle)
   auto dispatch = symbol<int (*)(int, PIFunctionParams_t*)>("SPI_PluginDispatchFunction");
   PIFunctionParams_t load;
   EXPECT_EQ(0, dispatch(PICF_LOAD_IN_KELVOR10, &load));
-  EXPECT_EQ(1u, load.integers[PIPN_RESULT]);
+  EXPECT_EQ(1u, load.integers[PIPN_RESULT]) << "it runs in the current generation of the host";
+  for (int older : {PICF_LOAD_IN_KELVOR, PICF_LOAD_IN_CURVEBENCH, PICF_LOAD_IN_CURVEBENCH10})
+  {
+    PIFunctionParams_t answer;
+    dispatch(older, &answer);
+    EXPECT_EQ(0u, answer.integers[PIPN_RESULT]) << older;
+  }
+  PIFunctionParams_t name, description;
+  dispatch(PICF_NAME, &name);
+  dispatch(PICF_DESCRIPTION, &description);
+  EXPECT_EQ("ScenarioEditor_Plugin", name.strings[PIPN_RESULT]);
+  EXPECT_EQ("Adds right-click platform editing to supported KELVOR windows like Data Browser.",
+            description.strings[PIPN_DESCRIPTIVE_STRING]);
   PIFunctionParams_t start;
   dispatch(PICF_STARTUP, &start);
   EXPECT_EQ(0u, start.integers.at(PIPN_RESULT));
