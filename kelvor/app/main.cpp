@@ -107,11 +107,15 @@ int main(int argc, char** argv)
     return 1;
   if (!screenshot.empty())
   {
+    // A grab draws every widget, the globe with the scenario included, before it returns.
+    QApplication::processEvents();
+    host.window().grab();
+    std::cout << "drawn in " << started.elapsed() << " ms from start\n";
+    // The map's imagery arrives over the next moments; the saved picture waits for it.
     QTimer::singleShot(1500, [&]() {
-      const QPixmap picture = host.window().grab();
-      const bool saved = picture.save(QString::fromStdString(screenshot));
-      std::cout << "drawn in " << started.elapsed() << " ms" << (saved ? "" : " (the picture could not be saved)")
-                << '\n';
+      const bool saved = host.window().grab().save(QString::fromStdString(screenshot));
+      if (!saved)
+        std::cerr << "kelvor: the picture could not be saved to " << screenshot << '\n';
       QApplication::exit(saved ? 0 : 1);
     });
   }
