@@ -46,7 +46,7 @@ QColor TrackLayer::trackColor(UniqueID_t id) const
   return PALETTE[id % (sizeof(PALETTE) / sizeof(PALETTE[0]))];
 }
 
-TrackLayer::TrackStyle TrackLayer::style_(const std::string& name) const
+TrackLayer::TrackStyle TrackLayer::trackStyle(const std::string& name) const
 {
   TrackStyle style;
   for (const PreferenceRule& rule : store_.preferenceRules())
@@ -99,7 +99,7 @@ void TrackLayer::drawTrack_(Marble::GeoPainter* painter, UniqueID_t id, double t
   if (points.empty())
     return;
   const std::string name = e.useAlias && !e.alias.empty() ? e.alias : nameOfHeader(e.header);
-  const TrackStyle style = style_(name);
+  const TrackStyle style = trackStyle(name);
   const QColor color = trackColor(id);
   // The whole track shows unless a track length limits it to the time behind the clock.
   const double from = style.length >= 0.0 ? time - style.length : -1e300;

@@ -54,14 +54,17 @@ public:
   /// @return errors of the overlay files read so far.
   const std::vector<std::string>& overlayErrors() const { return overlayErrors_; }
 
-private:
+  /// How one platform's track is drawn, from the preference rules.
   struct TrackStyle
   {
     int width = 2;
     double length = -1.0; ///< seconds behind the current time; -1 for the whole track
     bool points = false;
   };
-  TrackStyle style_(const std::string& name) const;
+  /// @return the style of the track of the platform of that name.
+  TrackStyle trackStyle(const std::string& name) const;
+
+private:
   void drawTrack_(Marble::GeoPainter* painter, UniqueID_t id, double time);
   void drawOverlays_(Marble::GeoPainter* painter);
 

@@ -1,0 +1,111 @@
+#include "host/GenericDataTags.h"
+#include "host/PIClockMode.h"
+#include "store/ScenarioStore.h"
+#include "store/StoreListener.h"
+#include "ui/ClockBar.h"
+#include "ui/ContextMenuRenderer.h"
+#include "ui/TrackLayer.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QSlider>
+
+#include <gtest/gtest.h>
+
+using namespace kelvor;
+
+namespace
+{
+
+TEST(GlobeDrawing, TrackColoursComeFromTheLatestTrackColourItem)
+{
+  ScenarioStore store;
+  const UniqueID_t a = store.createEntity(PIData::PIPlatformHeader(), 0);
+  const UniqueID_t b = store.createEntity(PIData::PIPlatformHeader(), 0);
+  store.entity(a)->generic.push_back({-1.0, -1.0, KELVOR_GD_TRACKCOLOR, "0xFF000080"});
+  store.entity(a)->generic.push_back({5.0, -1.0, KELVOR_GD_TRACKCOLOR, "0x00FF00FF"});
+  store.entity(b)->generic.push_back({-1.0, -1.0, KELVOR_GD_TRACKCOLOR, "not a colour"});
+  TrackLayer layer(store);
+  EXPECT_EQ(QColor(0, 255, 0, 255), layer.trackColor(a));
+  EXPECT_TRUE(layer.trackColor(b).isValid()) << "a bad value falls back to the palette";
+  EXPECT_NE(layer.trackColor(b), QColor(0, 255, 0, 255));
+}
+
+TEST(GlobeDrawing, PreferenceRulesStyleAllTracksOrOneByName)
+{
+  ScenarioStore store;
+  store.addPreferenceRule("TrackWidth=4");
+  store.addPreferenceRule("Eagle 1:TrackLength=600");
+  store.addPreferenceRule("Eagle 1:TrackDrawMode=Points");
+  store.addPreferenceRule("nonsense without an equals sign");
+  TrackLayer layer(store);
+  const auto eagle = layer.trackStyle("Eagle 1");
+  const auto other = layer.trackStyle("Viper 2");
+  EXPECT_EQ(4, eagle.width);
+  EXPECT_EQ(600.0, eagle.length);
+  EXPECT_TRUE(eagle.points);
+  EXPECT_EQ(4, other.width);
+  EXPECT_EQ(-1.0, other.length) << "a rule for another platform does not apply";
+  EXPECT_FALSE(other.points);
+}
+
+TEST(RightClickMenus, RenderedInWeightOrderWithSubMenusRulesAndDisabledItems)
+{
+  ContextMenu built;
+  built.addItem("Delete", nullptr, 500, 0, true);
+  built.addItem("Decimate...", nullptr, 200, 0, false);
+  built.addSeparator(300);
+  ContextMenu* sub = built.addSubMenu("Scenario Editor", 100);
+  sub->addItem("Remove Duplicate Points", nullptr, 10, 0, true);
+  built.addSubMenu("Empty", 150);
+  QMenu menu;
+  ContextMenuRenderer::render(built, menu, {});
+  QStringList texts;
+  for (QAction* a : menu.actions())
+    texts << (a->isSeparator() ? "---" : a->text());
+  EXPECT_EQ((QStringList{"Scenario Editor", "Decimate...", "---", "Delete"}), texts) << "an empty sub-menu is left out";
+  EXPECT_FALSE(menu.actions()[1]->isEnabled());
+  ASSERT_NE(nullptr, menu.actions()[0]->menu());
+  EXPECT_EQ("Remove Duplicate Points", menu.actions()[0]->menu()->actions()[0]->text());
+}
+
+class ModeRecorder : public StoreListener
+{
+public:
+  void entityAdded(UniqueID_t, int) override {}
+  void entityRemoving(UniqueID_t) override {}
+  void dataChanged(const std::set<UniqueID_t>&) override {}
+  void scenarioReset() override {}
+  void scenarioClosing() override {}
+  void referenceYearChanged() override {}
+  void clockModeChanged() override { ++modeChanges; }
+  void timeChanged() override { ++timeChanges; }
+  int modeChanges = 0;
+  int timeChanges = 0;
+};
+
+TEST(ClockBarControls, LiveSetsTheLiveModeAndTheSliderMovesTheTime)
+{
+  ScenarioStore store;
+  ModeRecorder recorder;
+  store.setListener(&recorder);
+  store.clock().setSpan(100.0, 200.0);
+  ClockBar bar(store);
+  bar.liveAction()->trigger();
+  EXPECT_EQ(PI_CLOCK_LIVE, store.clock().mode());
+  EXPECT_EQ(1, recorder.modeChanges);
+  bar.liveAction()->trigger();
+  EXPECT_EQ(PI_CLOCK_FILE_PLAYBACK, store.clock().mode());
+
+  auto* slider = bar.findChild<QSlider*>();
+  ASSERT_NE(nullptr, slider);
+  slider->setValue(slider->maximum() / 2);
+  EXPECT_DOUBLE_EQ(150.0, store.clock().time());
+  EXPECT_EQ(1, recorder.timeChanges);
+  store.clock().setMode(PI_CLOCK_LIVE_SIMULATION);
+  bar.refresh();
+  EXPECT_TRUE(bar.liveAction()->isChecked()) << "both live modes show as Live";
+  EXPECT_EQ(2, recorder.modeChanges) << "showing the clock tells no one it changed";
+}
+
+} // namespace
