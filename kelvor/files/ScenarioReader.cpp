@@ -273,9 +273,8 @@ std::string ScenarioReader::entity_(const Tokens& t, std::size_t i, int kinds, E
   return std::string();
 }
 
-std::string ScenarioReader::newEntity_(const Tokens& t, const EntityHeader& header, UniqueID_t host, std::int64_t fileId)
+std::string ScenarioReader::newEntity_(const EntityHeader& header, UniqueID_t host, std::int64_t fileId)
 {
-  (void)t;
   if (fileId <= 0)
     return "bad id " + std::to_string(fileId) + ": ids are positive integers";
   if (entities_.count(fileId))
@@ -411,7 +410,7 @@ std::string ScenarioReader::platform_(const Tokens& t)
     if (std::string error = text_(t, i + 1, "FILE", header.iconFile); !error.empty())
       return error;
   }
-  return newEntity_(t, header, 0, id);
+  return newEntity_(header, 0, id);
 }
 
 std::string ScenarioReader::point_(const Tokens& t)
@@ -499,7 +498,7 @@ std::string ScenarioReader::beam_(const Tokens& t)
     if (std::string error = angle_(t, i + 1, t[i].c_str(), *field); !error.empty())
       return error;
   }
-  return newEntity_(t, header, host->id, id);
+  return newEntity_(header, host->id, id);
 }
 
 std::string ScenarioReader::beamPoint_(const Tokens& t)
@@ -527,7 +526,7 @@ std::string ScenarioReader::gate_(const Tokens& t)
     return missing("absolute|target|body");
   if (!ScenarioVocabulary::gateType(t[4], header.gateType))
     return "unknown gate type '" + t[4] + "'";
-  return newEntity_(t, header, host->id, id);
+  return newEntity_(header, host->id, id);
 }
 
 std::string ScenarioReader::gatePoint_(const Tokens& t)
@@ -559,7 +558,7 @@ std::string ScenarioReader::laser_(const Tokens& t)
       return "unknown laser option '" + t[4] + "'";
     header.relative = true;
   }
-  return newEntity_(t, header, host->id, id);
+  return newEntity_(header, host->id, id);
 }
 
 std::string ScenarioReader::laserPoint_(const Tokens& t)
@@ -618,7 +617,7 @@ std::string ScenarioReader::lob_(const Tokens& t)
     return missing("absolute|relative");
   if (!ScenarioVocabulary::lobType(t[4], header.lobType))
     return "unknown LOB type '" + t[4] + "'";
-  return newEntity_(t, header, host->id, id);
+  return newEntity_(header, host->id, id);
 }
 
 std::string ScenarioReader::lobPoint_(const Tokens& t)
@@ -662,7 +661,7 @@ std::string ScenarioReader::projector_(const Tokens& t)
                      text_(t, 3, "NAME", header.name)})
     if (!error.empty())
       return error;
-  return newEntity_(t, header, host->id, id);
+  return newEntity_(header, host->id, id);
 }
 
 std::string ScenarioReader::projectorFov_(const Tokens& t)
@@ -700,7 +699,7 @@ std::string ScenarioReader::custom_(const Tokens& t)
                      text_(t, 3, "NAME", header.name), text_(t, 4, "RENDERER", header.renderer)})
     if (!error.empty())
       return error;
-  return newEntity_(t, header, host->id, id);
+  return newEntity_(header, host->id, id);
 }
 
 std::string ScenarioReader::alias_(const Tokens& t)

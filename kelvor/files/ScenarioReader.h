@@ -64,7 +64,7 @@ private:
   std::string color_(const Tokens& t, std::size_t i, unsigned int& value) const;
   std::string text_(const Tokens& t, std::size_t i, const char* field, std::string& value) const;
   std::string entity_(const Tokens& t, std::size_t i, int kinds, Entity*& entity) const;
-  std::string newEntity_(const Tokens& t, const EntityHeader& header, UniqueID_t host, std::int64_t fileId);
+  std::string newEntity_(const EntityHeader& header, UniqueID_t host, std::int64_t fileId);
 
   std::string header_(const Tokens& t);
   std::string referenceYear_(const Tokens& t);

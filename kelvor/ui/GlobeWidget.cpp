@@ -144,6 +144,8 @@ bool GlobeWidget::eventFilter(QObject* watched, QEvent* event)
   cursorOnGlobe_ = marble_->geoCoordinates(mouse->x(), mouse->y(), lon, lat, Marble::GeoDataCoordinates::Radian);
   cursorLat_ = lat;
   cursorLon_ = lon;
+  if (cursorOnGlobe_ && type == PIGUI::PI_MOUSE_MOVE)
+    emit cursorMoved(lat, lon);
   // The plug-ins see the mouse first.
   if (mouseHandler_ && mouseHandler_(type, toPluginEvent(*mouse)))
     return true;

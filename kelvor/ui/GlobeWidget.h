@@ -50,6 +50,8 @@ public:
   UniqueID_t entityAt(int x, int y) const;
 
 signals:
+  /// The mouse moved over the globe. @param lat radians @param lon radians
+  void cursorMoved(double lat, double lon);
   /// A right-click on an entity in the view.
   void contextMenuRequested(UniqueID_t id, const QPoint& globalPosition);
 

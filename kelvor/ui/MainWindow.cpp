@@ -20,6 +20,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <cmath>
+
 namespace kelvor
 {
 
@@ -51,6 +53,7 @@ MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* pare
     notifications_(new NotificationsDock(this)),
     clockBar_(new ClockBar(store, this)),
     toast_(new QLabel(this)),
+    cursor_(new QLabel(this)),
     refreshTimer_(new QTimer(this))
 {
   setObjectName("KelvorLiteMainWindow");
@@ -72,6 +75,10 @@ MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* pare
   buildMenus_();
   resize(1400, 900);
   updateTitle_();
+  statusBar()->addPermanentWidget(cursor_);
+  connect(globe_, &GlobeWidget::cursorMoved, this, [this](double lat, double lon) {
+    cursor_->setText(tr("Lat %1  Lon %2").arg(lat * 180.0 / M_PI, 0, 'f', 5).arg(lon * 180.0 / M_PI, 0, 'f', 5));
+  });
   statusBar()->showMessage(tr("Ready"));
 }
 

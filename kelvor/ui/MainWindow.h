@@ -89,6 +89,7 @@ private:
   ClockBar* clockBar_;
   QMenu* pluginMenu_ = nullptr;
   QLabel* toast_;
+  QLabel* cursor_;
   QTimer* refreshTimer_;
   QString fileName_;
   bool modified_ = false;
