@@ -32,6 +32,14 @@ int indexOfName(const std::array<const char*, N>& names, const std::string& name
   throw kelCore::TimeException(failure);
 }
 
+template <size_t N>
+std::string nameAt(const std::array<const char*, N>& names, int index, const char* failure)
+{
+  if (index < 0 || index >= static_cast<int>(N))
+    throw kelCore::TimeException(failure);
+  return names[index];
+}
+
 bool isKnownFormat(kelCore::TimeFormat format)
 {
   const int value = static_cast<int>(format);
@@ -65,9 +73,7 @@ const kelCore::TimeFormatterRegistry& formatters()
 
 std::string getStringFromDay(int weekday)
 {
-  if (weekday < 0 || weekday >= static_cast<int>(DAY_NAMES.size()))
-    throw kelCore::TimeException("The given weekday number is not valid.");
-  return DAY_NAMES[weekday];
+  return nameAt(DAY_NAMES, weekday, "The given weekday number is not valid.");
 }
 
 int getDayFromString(const std::string& name)
@@ -77,9 +83,7 @@ int getDayFromString(const std::string& name)
 
 std::string getStringFromMonth(int month)
 {
-  if (month < 0 || month >= static_cast<int>(MONTH_NAMES.size()))
-    throw kelCore::TimeException("The given month is not valid.");
-  return MONTH_NAMES[month];
+  return nameAt(MONTH_NAMES, month, "The given month is not valid.");
 }
 
 int getMonthFromString(const std::string& name)

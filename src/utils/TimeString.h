@@ -2,6 +2,7 @@
 
 #include "kelCore/TimeFormat.h"
 #include "utils/NumericBase.h"
+#include "utils/TimeFormatMatch.h"
 
 #include <ctime>
 #include <string>
@@ -47,5 +48,31 @@ std::string getJdayStringFromSeconds(double seconds);
 
 /// @return the fields of time, one "tm_name = value" per line, for diagnostics.
 std::string printTimeStruct(const tm& time);
+
+/// @return the pattern name of a layout, such as "JJJ yyyy HH:MM:SS.sss"; "NO MATCH" for MATCH_NONE.
+std::string getTimeMatchString(TimeFormatMatch_t match);
+
+/// @return the layout text has, after surrounding blanks are dropped; MATCH_NONE when it has none.
+TimeFormatMatch_t getTimeMatch(const std::string& text);
+
+/**
+ * Reads a time in any recognised layout. Month and weekday names are read in any case of
+ * letters; a two-digit year YY is 20YY below 70 and 19YY from 70; a weekday name is not checked
+ * against the date.
+ * @param text the time text
+ * @param year on entry the year for layouts that name none; on return the year the result counts from
+ * @return seconds since the start of year, UTC; elapsed layouts give the seconds they state
+ * @throws kelCore::TimeException when the text has no layout or a field is out of range
+ */
+double parseTimeString(const std::string& text, int& year);
+
+/// @return seconds of an elapsed "HH:MM:SS.sss"; throws kelCore::TimeException for any other text.
+double getHHMMSSFromString(const std::string& text);
+
+/// @return the year a time text names, or defaultYear when it names none; throws as parseTimeString.
+int getYearFromTimeString(const std::string& text, int defaultYear);
+
+/// @return seconds since the start of a year of "DDD HH:MM:SS.sss"; throws kelCore::TimeException for any other text.
+double getSecondsFromJdayString(const std::string& text);
 
 } // namespace UTILS
