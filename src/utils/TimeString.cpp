@@ -1,10 +1,12 @@
 #include "utils/TimeString.h"
 
+#include "kelCore/Calendar.h"
 #include "kelCore/Exception.h"
 #include "kelCore/StringUtils.h"
 #include "kelCore/TimeFormatterRegistry.h"
 #include "kelCore/TimeStamp.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -67,6 +69,17 @@ const kelCore::TimeFormatterRegistry& formatters()
 {
   static const kelCore::TimeFormatterRegistry registry;
   return registry;
+}
+
+// The computer's clock now, UTC, in a strftime layout.
+std::string systemTimeText(const char* layout)
+{
+  const std::time_t now = std::time(nullptr);
+  tm utc{};
+  gmtime_r(&now, &utc);
+  char text[32];
+  std::strftime(text, sizeof(text), layout, &utc);
+  return text;
 }
 
 } // namespace
@@ -135,6 +148,48 @@ std::string getJdayStringFromSeconds(double seconds)
   std::snprintf(text, sizeof(text), "%03lld %02lld:%02lld:%02lld.%03lld", wholeSeconds / 86400 + 1,
     (wholeSeconds / 3600) % 24, (wholeSeconds / 60) % 60, wholeSeconds % 60, millis % 1000);
   return text;
+}
+
+std::string getTimeRemainingText(double percentDone, double elapsedSeconds)
+{
+  if (!(percentDone >= 1.0) || !(elapsedSeconds >= 0.0))
+    return "Calculating";
+  const double remaining = elapsedSeconds * (100.0 - std::min(percentDone, 100.0)) / percentDone;
+  char text[48];
+  if (remaining < 1.0)
+    return "Moments";
+  if (remaining < 60.0)
+    std::snprintf(text, sizeof(text), "%.0f Seconds", std::ceil(remaining));
+  else if (remaining < 86400.0)
+  {
+    const long long minutes = static_cast<long long>(std::ceil(remaining / 60.0));
+    std::snprintf(text, sizeof(text), "%lld:%02lld:00", minutes / 60, minutes % 60);
+  }
+  else
+    std::snprintf(text, sizeof(text), "%.1f Days", remaining / 86400.0);
+  return text;
+}
+
+std::string getFilenameFromTime(double seconds, int referenceYear)
+{
+  if (!std::isfinite(seconds))
+    throw kelCore::TimeException("The time is not a finite number of seconds.");
+  const kelCore::TimeStamp stamp(referenceYear, seconds);
+  const kelCore::TimeFields f = kelCore::splitTimeOfYear(stamp.referenceYear(), stamp.secondsSinceRefYear().Double(), 0);
+  char text[48];
+  std::snprintf(text, sizeof(text), "%04d%02d%02d_%02d%02d%02d", f.year, f.month + 1, f.dayOfMonth, f.hour, f.minute,
+    f.second);
+  return text;
+}
+
+std::string getSystemTimeString()
+{
+  return systemTimeText("%Y-%m-%d %H:%M:%S");
+}
+
+std::string appendTimeToString(const std::string& text)
+{
+  return text + "_" + systemTimeText("%Y%m%d_%H%M%S");
 }
 
 std::string printTimeStruct(const tm& time)

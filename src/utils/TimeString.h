@@ -46,6 +46,28 @@ std::string getTimeString(int referenceYear, double seconds, kelCore::TimeFormat
  */
 std::string getJdayStringFromSeconds(double seconds);
 
+/**
+ * An estimate of the time a task still needs, for progress dialogs.
+ * @param percentDone the share of the task done, 0 to 100
+ * @param elapsedSeconds seconds the task has run so far
+ * @return "Calculating" below 1 percent, "Moments" under a second, "N Seconds" under a minute,
+ *   "H:MM:00" under a day (minutes rounded up), else "N.N Days"
+ */
+std::string getTimeRemainingText(double percentDone, double elapsedSeconds);
+
+/**
+ * @param seconds seconds since the start of referenceYear, UTC
+ * @param referenceYear the year the seconds count from
+ * @return the moment as "YYYYMMDD_HHMMSS", fit for a file name
+ */
+std::string getFilenameFromTime(double seconds, int referenceYear);
+
+/// @return the computer's clock now, UTC, as "YYYY-MM-DD HH:MM:SS".
+std::string getSystemTimeString();
+
+/// @return text followed by "_" and the computer's clock now as getFilenameFromTime writes it.
+std::string appendTimeToString(const std::string& text);
+
 /// @return the fields of time, one "tm_name = value" per line, for diagnostics.
 std::string printTimeStruct(const tm& time);
 

@@ -100,3 +100,25 @@ TEST(TimeString, TimeStructListsEveryFieldOnItsOwnLine)
             "tm_wday = 0\ntm_yday = 200\ntm_isdst = -1\n",
     UTILS::printTimeStruct(time));
 }
+
+TEST(TimeString, RemainingTimeEstimatesScaleFromSecondsToDays)
+{
+  EXPECT_EQ("Calculating", UTILS::getTimeRemainingText(0.5, 10.0));
+  EXPECT_EQ("Calculating", UTILS::getTimeRemainingText(std::nan(""), 10.0));
+  EXPECT_EQ("Moments", UTILS::getTimeRemainingText(99.9, 100.0));
+  EXPECT_EQ("Moments", UTILS::getTimeRemainingText(100.0, 100.0));
+  EXPECT_EQ("10 Seconds", UTILS::getTimeRemainingText(50.0, 10.0));
+  EXPECT_EQ("1:40:00", UTILS::getTimeRemainingText(50.0, 6000.0));
+  EXPECT_EQ("0:02:00", UTILS::getTimeRemainingText(50.0, 61.0)); // minutes round up
+  EXPECT_EQ("3.0 Days", UTILS::getTimeRemainingText(25.0, 86400.0));
+}
+
+TEST(TimeString, FileNameTimesAndClockTexts)
+{
+  EXPECT_EQ("20240229_010205", UTILS::getFilenameFromTime(59 * 86400.0 + 3725.0, 2024));
+  EXPECT_EQ("20231231_235959", UTILS::getFilenameFromTime(-1.0, 2024)); // before the year began
+  EXPECT_EQ(19u, UTILS::getSystemTimeString().size());
+  const std::string stamped = UTILS::appendTimeToString("export");
+  EXPECT_EQ(0u, stamped.find("export_"));
+  EXPECT_EQ(std::string("export_").size() + 15, stamped.size());
+}
