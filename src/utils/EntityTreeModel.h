@@ -1,0 +1,92 @@
+#pragma once
+
+#include "host/PIScenarioObjectType.h"
+#include "host/UniqueID.h"
+
+#include <QAbstractItemModel>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace PluginUtils
+{
+
+class QtEntityTreeItem;
+
+/**
+ * The scenario's entities as a tree under their hosts or as a flat list, kept in step with the
+ * host through the plug-in's events. Additions are gathered for 100 ms and committed at once,
+ * since a load brings thousands of entities in a burst.
+ */
+class EntityTreeModel : public QAbstractItemModel
+{
+  Q_OBJECT
+public:
+  /// Columns of the model.
+  enum Column
+  {
+    NAME_COLUMN = 0,
+    TYPE_COLUMN,
+    ID_COLUMN,
+    POINTS_COLUMN,
+    START_COLUMN,
+    END_COLUMN,
+    COLUMN_COUNT
+  };
+
+  explicit EntityTreeModel(QObject* parent = nullptr);
+  ~EntityTreeModel() override;
+
+  QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
+  QModelIndex parent(const QModelIndex& child) const override;
+  int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+  int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+  /// @return the index of column 0 of the entity's row; invalid for an id not shown.
+  QModelIndex indexOf(UniqueID_t id) const;
+  /// @return the entity of an index; 0 for the scenario row or an invalid index.
+  UniqueID_t uniqueId(const QModelIndex& index) const;
+
+  /**
+   * Mirrors one host event.
+   * @param event a PIApplicationEvents_t value @param data the event's argument: a uint64_t id, a set of ids or null
+   */
+  void listenToEvents(int event, const void* data);
+
+  /// Reads every entity from the host again, dropping any additions still waiting.
+  virtual void forceRefresh();
+  /// Reads the cached texts of one entity again and reports its row changed.
+  void refreshEntity(UniqueID_t id);
+
+  bool isTreeView() const { return treeView_; }
+  void setToTreeView() { toggleTreeView(true); }
+  void setToListView() { toggleTreeView(false); }
+  /// @param useTree true for entities under their hosts, false for a flat list
+  void toggleTreeView(bool useTree);
+
+  bool includeScenario() const { return includeScenario_; }
+  /// @param value true to show the scenario itself as a row with id 0
+  void setIncludeScenario(bool value);
+
+private:
+  void addEntity_(UniqueID_t id);
+  void commitDelayedEntities_();
+  void addTreeItem_(UniqueID_t id, PIScenarioObjectType_t type, UniqueID_t host);
+  void removeEntity_(UniqueID_t id);
+  void buildTree_(PIScenarioObjectType_t type, const std::vector<UniqueID_t>& ids, QtEntityTreeItem* parent);
+  void buildChildren_(UniqueID_t id, PIScenarioObjectType_t type, QtEntityTreeItem* item);
+  QString formatTime_(double time, int format) const;
+  QtEntityTreeItem* itemOf_(const QModelIndex& index) const;
+  QVariant displayText_(const QtEntityTreeItem& item, int column) const;
+
+  std::unique_ptr<QtEntityTreeItem> rootItem_;
+  std::map<UniqueID_t, QtEntityTreeItem*> itemsById_;
+  std::vector<UniqueID_t> waitingIds_;
+  bool treeView_ = true;
+  bool includeScenario_ = false;
+};
+
+} // namespace PluginUtils
