@@ -43,19 +43,11 @@ std::string addEllipsisIfConfirm(const std::string& text, const std::string& key
 
 PIScenarioObjectType_t getEntityType(unsigned long id) { return PIData::getObjectType(id); }
 
-std::string getEntityName(unsigned long id)
+std::string getEntityHeaderName(unsigned long id)
 {
   switch (getEntityType(id))
   {
-  case PI_PLATFORM_TYPE: {
-    if (PIKELVOR::getUseAlias(id))
-    {
-      const std::string alias = PIData::getObjectAlias(id);
-      if (!alias.empty())
-        return alias;
-    }
-    return headerName<PIData::PIPlatformHeader>(id);
-  }
+  case PI_PLATFORM_TYPE: return headerName<PIData::PIPlatformHeader>(id);
   case PI_BEAM_TYPE: return headerName<PIData::PIBeamHeader>(id);
   case PI_GATE_TYPE: return headerName<PIData::PIGateHeader>(id);
   case PI_LASER_TYPE: return headerName<PIData::PILaserHeader>(id);
@@ -64,6 +56,17 @@ std::string getEntityName(unsigned long id)
   case PI_CUSTOM_RENDERING_TYPE: return headerName<PIData::PICustomRenderingHeader>(id);
   default: return std::string();
   }
+}
+
+std::string getEntityName(unsigned long id)
+{
+  if (getEntityType(id) == PI_PLATFORM_TYPE && PIKELVOR::getUseAlias(id))
+  {
+    const std::string alias = PIData::getObjectAlias(id);
+    if (!alias.empty())
+      return alias;
+  }
+  return getEntityHeaderName(id);
 }
 
 std::string getEntityHostName(unsigned long id)

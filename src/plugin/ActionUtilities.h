@@ -24,6 +24,8 @@ int verifyAction(const QString& title, const QString& text, const std::string& k
 std::string addEllipsisIfConfirm(const std::string& text, const std::string& key);
 /// @return the entity's kind.
 PIScenarioObjectType_t getEntityType(unsigned long id);
+/// @return the name in the entity's header; empty for an unknown id.
+std::string getEntityHeaderName(unsigned long id);
 /// @return the entity's name; a platform's alias where it shows one; empty for an unknown id.
 std::string getEntityName(unsigned long id);
 /// @return the name of the entity's host, or its own name when it has none.

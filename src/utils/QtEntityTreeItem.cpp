@@ -1,6 +1,7 @@
 #include "utils/QtEntityTreeItem.h"
 
 #include "host/PIData.h"
+#include "plugin/ActionUtilities.h"
 
 #include <algorithm>
 
@@ -9,30 +10,6 @@ namespace PluginUtils
 
 namespace
 {
-
-// The header's name; its defaults stand when the host cannot give it.
-template <typename Header>
-std::string headerName(UniqueID_t id)
-{
-  Header header;
-  PIData::getHeader(id, &header);
-  return header.name;
-}
-
-std::string nameOf(UniqueID_t id, PIScenarioObjectType_t type)
-{
-  switch (type)
-  {
-  case PI_PLATFORM_TYPE: return headerName<PIData::PIPlatformHeader>(id);
-  case PI_BEAM_TYPE: return headerName<PIData::PIBeamHeader>(id);
-  case PI_GATE_TYPE: return headerName<PIData::PIGateHeader>(id);
-  case PI_LASER_TYPE: return headerName<PIData::PILaserHeader>(id);
-  case PI_LOB_GROUP_TYPE: return headerName<PIData::PILobHeader>(id);
-  case PI_PROJECTOR_TYPE: return headerName<PIData::PIProjectorHeader>(id);
-  case PI_CUSTOM_RENDERING_TYPE: return headerName<PIData::PICustomRenderingHeader>(id);
-  default: return "Scenario";
-  }
-}
 
 struct TypeNames
 {
@@ -106,7 +83,7 @@ void QtEntityTreeItem::refresh()
   const TypeNames names = typeNames(type_);
   typeString_ = names.full;
   abbreviatedTypeString_ = names.abbreviated;
-  name_ = nameOf(id(), type_);
+  name_ = id() == 0 ? std::string("Scenario") : QtSep::getEntityHeaderName(id());
   if (id() == 0)
   {
     alias_.clear();

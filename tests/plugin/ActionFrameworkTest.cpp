@@ -47,21 +47,10 @@ protected:
   void SetUp() override
   {
     ServerFixture::SetUp();
-    PIData::initializeScenario();
-    PIData::PIPlatformHeader header;
-    header.name = "Eagle";
-    PIData::PIPlatformPoint first;
-    first.time = 10.0;
-    first.position = {0.6, -2.0, 100.0};
-    platform = PIData::createPlatform(&header, &first);
-    PIData::PIBeamHeader beamHeader;
-    beamHeader.name = "Radar";
-    PIData::PIBeamPoint bp{0, 0, 1, 10};
-    beam = PIData::createBeam(platform, &beamHeader, &bp, true);
-    PIData::PIGateHeader gateHeader;
-    gateHeader.name = "Gate";
-    PIData::PIGatePoint gp{0, 0, 0, 0, 0, 1, 0.5, 10};
-    gate = PIData::createGate(beam, &gateHeader, &gp, true);
+    const SampleEntities made = createSampleEntities();
+    platform = made.platform;
+    beam = made.beam;
+    gate = made.gate;
     manager.addDialogAction(low);
     manager.addDialogAction(high);
     manager.addDialogAction(tie);

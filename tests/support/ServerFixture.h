@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/PIData.h"
 #include "host/PluginGlobals.h"
 #include "server/HeadlessHostServices.h"
 #include "server/KelvorServer.h"
@@ -26,6 +27,36 @@ protected:
   {
     g_FunctionMap = nullptr;
     g_This = nullptr;
+  }
+
+  /// A platform "Eagle" with a point at 10 s, its beam "Radar" and that beam's gate "Gate".
+  struct SampleEntities
+  {
+    UniqueID_t platform = 0;
+    UniqueID_t beam = 0;
+    UniqueID_t gate = 0;
+  };
+
+  /// Starts a scenario holding the sample entities, through the plug-in's call path.
+  SampleEntities createSampleEntities()
+  {
+    PIData::initializeScenario();
+    SampleEntities made;
+    PIData::PIPlatformHeader header;
+    header.name = "Eagle";
+    PIData::PIPlatformPoint first;
+    first.time = 10.0;
+    first.position = {0.6, -2.0, 100.0};
+    made.platform = PIData::createPlatform(&header, &first);
+    PIData::PIBeamHeader beamHeader;
+    beamHeader.name = "Radar";
+    PIData::PIBeamPoint bp{0, 0, 1, 10};
+    made.beam = PIData::createBeam(made.platform, &beamHeader, &bp, true);
+    PIData::PIGateHeader gateHeader;
+    gateHeader.name = "Gate";
+    PIData::PIGatePoint gp{0, 0, 0, 0, 0, 1, 0.5, 10};
+    made.gate = PIData::createGate(made.beam, &gateHeader, &gp, true);
+    return made;
   }
 
   QTemporaryDir dir;

@@ -20,24 +20,15 @@ protected:
   void SetUp() override
   {
     ServerFixture::SetUp();
-    PIData::initializeScenario();
-    PIData::PIPlatformHeader header;
-    header.name = "Eagle";
-    header.originalId = 77;
+    const SampleEntities made = createSampleEntities();
+    platform = made.platform;
+    beam = made.beam;
+    gate = made.gate;
+    std::get<PIData::PIPlatformHeader>(store.entity(platform)->header).originalId = 77;
     PIData::PIPlatformPoint point;
-    point.time = 10.0;
-    point.position = {0.6, -2.0, 100.0};
-    platform = PIData::createPlatform(&header, &point);
+    PIData::getDataPoint(platform, 10.0, &point, PI_RETRIEVE_EXACT);
     point.time = 20.0;
     PIData::addDataPoint(platform, &point);
-    PIData::PIBeamHeader beamHeader;
-    beamHeader.name = "Radar";
-    PIData::PIBeamPoint bp{0, 0, 1, 10};
-    beam = PIData::createBeam(platform, &beamHeader, &bp, true);
-    PIData::PIGateHeader gateHeader;
-    gateHeader.name = "Gate";
-    PIData::PIGatePoint gp{0, 0, 0, 0, 0, 1, 0.5, 10};
-    gate = PIData::createGate(beam, &gateHeader, &gp, true);
   }
 
   UniqueID_t addPlatform(const std::string& name)
