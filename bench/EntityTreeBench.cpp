@@ -1,0 +1,84 @@
+// The entity tree over a large scenario: 2,500 platforms each with a beam, a gate under the beam
+// and a laser (10,000 entities), read whole by the model and shown in a tree view.
+#include "host/PIData.h"
+#include "host/PluginGlobals.h"
+#include "server/HeadlessHostServices.h"
+#include "server/KelvorServer.h"
+#include "server/Registry.h"
+#include "store/ScenarioStore.h"
+#include "utils/EntityTreeModel.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTreeView>
+
+namespace
+{
+
+struct Host
+{
+  QTemporaryDir dir;
+  kelvor::ScenarioStore store;
+  kelvor::HeadlessHostServices services;
+  kelvor::Registry registry{dir.filePath("registry.ini").toStdString()};
+  kelvor::KelvorServer server{store, services, registry};
+  Host()
+  {
+    g_FunctionMap = &server;
+    g_This = this;
+    PIData::initializeScenario();
+    for (int i = 0; i < 2500; ++i)
+      addFamily(i);
+  }
+  ~Host() { g_FunctionMap = nullptr; }
+
+  static void addFamily(int i)
+  {
+    PIData::PIPlatformHeader header;
+    header.name = "Platform " + std::to_string(i);
+    PIData::PIPlatformPoint point;
+    point.time = i;
+    point.position = {0.6, -2.0, 100.0};
+    const UniqueID_t platform = PIData::createPlatform(&header, &point);
+    PIData::PIBeamHeader beamHeader;
+    PIData::PIBeamPoint bp{0, 0, 1, static_cast<double>(i)};
+    const UniqueID_t beam = PIData::createBeam(platform, &beamHeader, &bp, true);
+    PIData::PIGateHeader gateHeader;
+    PIData::PIGatePoint gp{0, 0, 0, 0, 0, 1, 0.5, static_cast<double>(i)};
+    PIData::createGate(beam, &gateHeader, &gp, true);
+    PIData::PILaserHeader laserHeader;
+    PIData::createLaser(platform, &laserHeader, 0);
+  }
+};
+
+void BM_BuildAndShowTenThousandEntities(benchmark::State& state)
+{
+  Host host;
+  for (auto _ : state)
+  {
+    PluginUtils::EntityTreeModel model;
+    model.forceRefresh();
+    QTreeView view;
+    view.setModel(&model);
+    view.expandAll();
+    view.resize(800, 600);
+    view.show();
+    QApplication::processEvents();
+    benchmark::DoNotOptimize(model.rowCount());
+  }
+  state.counters["entities"] = static_cast<double>(host.store.entityCount());
+}
+BENCHMARK(BM_BuildAndShowTenThousandEntities)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
