@@ -11,6 +11,12 @@
 #include <cstdint>
 #include <set>
 
+// Resources of a static library are registered by hand; this also keeps them linked in.
+static void initEntityTreeResources()
+{
+  Q_INIT_RESOURCE(QtEntityTreeModel);
+}
+
 namespace PluginUtils
 {
 
@@ -48,6 +54,15 @@ std::vector<ChildKind> childKindsOf(PIScenarioObjectType_t hostType)
 EntityTreeModel::EntityTreeModel(QObject* parent)
   : QAbstractItemModel(parent), rootItem_(std::make_unique<QtEntityTreeItem>(0, PI_NONE_TYPE, nullptr))
 {
+  initEntityTreeResources();
+  const QString folder = ":/QtEntityTreeModel/images/";
+  icons_[PI_PLATFORM_TYPE] = QIcon(folder + "platform.png");
+  icons_[PI_BEAM_TYPE] = QIcon(folder + "beam.png");
+  icons_[PI_CUSTOM_RENDERING_TYPE] = QIcon(folder + "CustomRender.png");
+  icons_[PI_GATE_TYPE] = QIcon(folder + "gate.png");
+  icons_[PI_LASER_TYPE] = QIcon(folder + "laser.png");
+  icons_[PI_LOB_GROUP_TYPE] = QIcon(folder + "lob.png");
+  icons_[PI_PROJECTOR_TYPE] = QIcon(folder + "projector.png");
 }
 
 EntityTreeModel::~EntityTreeModel() = default;
@@ -97,6 +112,8 @@ QVariant EntityTreeModel::data(const QModelIndex& index, int role) const
   case Qt::DisplayRole:
   case Qt::EditRole:
     return displayText_(item, index.column());
+  case Qt::DecorationRole:
+    return (useEntityIcons_ && index.column() == TYPE_COLUMN) ? icon_(item.type()) : QVariant();
   case Qt::TextAlignmentRole:
     return index.column() == NAME_COLUMN ? int(Qt::AlignLeft | Qt::AlignVCenter) : int(Qt::AlignRight | Qt::AlignVCenter);
   case Qt::ToolTipRole:
@@ -118,7 +135,10 @@ QVariant EntityTreeModel::displayText_(const QtEntityTreeItem& item, int column)
   switch (column)
   {
   case NAME_COLUMN: return QString::fromStdString(item.name());
-  case TYPE_COLUMN: return item.id() == 0 ? QVariant() : QString::fromStdString(item.abbreviatedTypeString());
+  case TYPE_COLUMN:
+    if (useEntityIcons_ || item.id() == 0)
+      return QVariant();
+    return QString::fromStdString(item.abbreviatedTypeString());
   case ID_COLUMN: return QString::number(item.originalId());
   case POINTS_COLUMN: return item.numberOfPoints() < 0 ? QString() : QString::number(item.numberOfPoints());
   case START_COLUMN: return formatTime_(item.startTime(), PIData::clockGetTimeFormat());
@@ -314,6 +334,21 @@ void EntityTreeModel::toggleTreeView(bool useTree)
     return;
   treeView_ = useTree;
   forceRefresh();
+}
+
+QVariant EntityTreeModel::icon_(PIScenarioObjectType_t type) const
+{
+  const auto found = icons_.find(type);
+  return found == icons_.end() ? QVariant() : QVariant(found->second);
+}
+
+void EntityTreeModel::setUseEntityIcons(bool useIcons)
+{
+  if (useEntityIcons_ == useIcons)
+    return;
+  useEntityIcons_ = useIcons;
+  if (rowCount() > 0)
+    emit dataChanged(index(0, TYPE_COLUMN), index(rowCount() - 1, TYPE_COLUMN));
 }
 
 void EntityTreeModel::setIncludeScenario(bool value)

@@ -4,6 +4,7 @@
 #include "host/UniqueID.h"
 
 #include <QAbstractItemModel>
+#include <QIcon>
 
 #include <map>
 #include <memory>
@@ -67,6 +68,10 @@ public:
   /// @param useTree true for entities under their hosts, false for a flat list
   void toggleTreeView(bool useTree);
 
+  bool useEntityIcons() const { return useEntityIcons_; }
+  /// @param useIcons true to show each kind as its icon in the type column instead of its abbreviation
+  void setUseEntityIcons(bool useIcons);
+
   bool includeScenario() const { return includeScenario_; }
   /// @param value true to show the scenario itself as a row with id 0
   void setIncludeScenario(bool value);
@@ -86,7 +91,11 @@ private:
   std::map<UniqueID_t, QtEntityTreeItem*> itemsById_;
   std::vector<UniqueID_t> waitingIds_;
   bool treeView_ = true;
+  QVariant icon_(PIScenarioObjectType_t type) const;
+
+  bool useEntityIcons_ = false;
   bool includeScenario_ = false;
+  std::map<PIScenarioObjectType_t, QIcon> icons_;
 };
 
 } // namespace PluginUtils

@@ -3,6 +3,7 @@
 #include "support/ServerFixture.h"
 #include "utils/EntityTreeModel.h"
 
+#include <QIcon>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -92,6 +93,16 @@ TEST_F(EntityTree, ColumnsShowNamesKindsIdsPointsAndTimes)
   EXPECT_EQ("Original ID", text(platform, EntityTreeModel::ID_COLUMN, Qt::ToolTipRole));
   EXPECT_EQ(int(Qt::AlignLeft | Qt::AlignVCenter), model.data(model.indexOf(platform), Qt::TextAlignmentRole).toInt());
   EXPECT_FALSE(model.data(QModelIndex()).isValid());
+
+  model.setUseEntityIcons(true);
+  EXPECT_EQ("", text(gate, EntityTreeModel::TYPE_COLUMN)) << "the icon stands for the abbreviation";
+  for (UniqueID_t id : {platform, beam, gate})
+  {
+    const QModelIndex kind = model.indexOf(id).sibling(model.indexOf(id).row(), EntityTreeModel::TYPE_COLUMN);
+    EXPECT_FALSE(model.data(kind, Qt::DecorationRole).value<QIcon>().pixmap(16, 16).isNull());
+  }
+  EXPECT_FALSE(model.data(model.indexOf(platform), Qt::DecorationRole).isValid()) << "only the type column";
+  model.setUseEntityIcons(false);
 
   model.setIncludeScenario(true);
   EXPECT_EQ("", text(0, EntityTreeModel::TYPE_COLUMN));
