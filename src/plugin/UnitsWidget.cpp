@@ -1,0 +1,164 @@
+#include "plugin/UnitsWidget.h"
+
+#include "host/PURegistry.h"
+#include "kelCore/CoordinateSystem.h"
+#include "kelCore/GeodeticFormat.h"
+#include "kelCore/TimeFormat.h"
+#include "units/Units.h"
+#include "widgets/UnitsComboBox.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QSpinBox>
+
+namespace QtSep
+{
+
+const char* const UnitsWidget::COORDINATE_SYSTEM_KEY = "UnitsCoordinateSystem";
+const char* const UnitsWidget::TIME_FORMAT_KEY = "UnitsTimeFormat";
+const char* const UnitsWidget::TIME_PRECISION_KEY = "UnitsTimePrecision";
+const char* const UnitsWidget::DURATION_FORMAT_KEY = "UnitsDurationFormat";
+const char* const UnitsWidget::DURATION_PRECISION_KEY = "UnitsDurationPrecision";
+const char* const UnitsWidget::GEODETIC_FORMAT_KEY = "UnitsGeodeticFormat";
+const char* const UnitsWidget::GEODETIC_PRECISION_KEY = "UnitsGeodeticPrecision";
+const char* const UnitsWidget::ALTITUDE_UNITS_KEY = "UnitsAltitude";
+const char* const UnitsWidget::ALTITUDE_PRECISION_KEY = "UnitsAltitudePrecision";
+const char* const UnitsWidget::DISTANCE_UNITS_KEY = "UnitsDistance";
+const char* const UnitsWidget::DISTANCE_PRECISION_KEY = "UnitsDistancePrecision";
+const char* const UnitsWidget::SPEED_UNITS_KEY = "UnitsSpeed";
+const char* const UnitsWidget::SPEED_PRECISION_KEY = "UnitsSpeedPrecision";
+const char* const UnitsWidget::ANGLE_UNITS_KEY = "UnitsAngle";
+const char* const UnitsWidget::ANGLE_PRECISION_KEY = "UnitsAnglePrecision";
+const char* const UnitsWidget::GENERIC_PRECISION_KEY = "UnitsGenericPrecision";
+
+namespace
+{
+
+const int DEFAULT_PRECISION = 3;
+const int MAX_PRECISION = 9;
+
+QSpinBox* makePrecisionBox(const char* name)
+{
+  auto* spin = new QSpinBox;
+  spin->setObjectName(name);
+  spin->setRange(0, MAX_PRECISION);
+  spin->setToolTip("Decimal places shown");
+  return spin;
+}
+
+int loadPrecision(const char* key, int fallback)
+{
+  return PURegistry::loadReg(fallback, key, 0, MAX_PRECISION);
+}
+
+} // namespace
+
+UnitsWidget::UnitsWidget(QWidget* parent) : QWidget(parent)
+{
+  setLayout(new QFormLayout);
+  coordCombo_ = addComboRow_("Coordinate System:", "coordCombo", nullptr, nullptr);
+  coordCombo_->addCoordinateSystems();
+  timeCombo_ = addComboRow_("Time Format:", "timeCombo", "timePrecision", &timePrecision_);
+  timeCombo_->addTimeFormats();
+  durationCombo_ = addComboRow_("Duration Format:", "durationCombo", "durationPrecision", &durationPrecision_);
+  durationCombo_->addDurationFormats();
+  geodeticCombo_ = addComboRow_("Geodetic Format:", "geodeticCombo", "geodeticPrecision", &geodeticPrecision_);
+  geodeticCombo_->addGeodeticFormats();
+  altitudeCombo_ = addComboRow_("Altitude Units:", "altitudeCombo", "altitudePrecision", &altitudePrecision_);
+  altitudeCombo_->addAltitudeUnits();
+  distanceCombo_ = addComboRow_("Distance Units:", "distanceCombo", "distancePrecision", &distancePrecision_);
+  distanceCombo_->addDistanceUnits();
+  speedCombo_ = addComboRow_("Speed Units:", "speedCombo", "speedPrecision", &speedPrecision_);
+  speedCombo_->addSpeedUnits();
+  angleCombo_ = addComboRow_("Angle Units:", "angleCombo", "anglePrecision", &anglePrecision_);
+  angleCombo_->addAngleUnits();
+  genericPrecision_ = makePrecisionBox("genericPrecision");
+  static_cast<QFormLayout*>(layout())->addRow("Generic Units:", genericPrecision_);
+  loadSettings();
+}
+
+kelQt::UnitsComboBox* UnitsWidget::addComboRow_(const QString& label, const char* comboName, const char* precisionName,
+  QSpinBox** precision)
+{
+  auto* combo = new kelQt::UnitsComboBox;
+  combo->setObjectName(comboName);
+  auto* row = new QHBoxLayout;
+  row->addWidget(combo, 1);
+  if (precision)
+  {
+    *precision = makePrecisionBox(precisionName);
+    row->addWidget(*precision);
+  }
+  static_cast<QFormLayout*>(layout())->addRow(label, row);
+  return combo;
+}
+
+void UnitsWidget::loadSettings()
+{
+  loadEnumComboBox_(coordCombo_, COORDINATE_SYSTEM_KEY, int(kelCore::CoordinateSystem::LLA));
+  loadEnumComboBox_(timeCombo_, TIME_FORMAT_KEY, int(kelCore::TimeFormat::ORDINAL));
+  timePrecision_->setValue(loadPrecision(TIME_PRECISION_KEY, DEFAULT_PRECISION));
+  loadEnumComboBox_(durationCombo_, DURATION_FORMAT_KEY, int(kelCore::TimeFormat::SECONDS));
+  durationPrecision_->setValue(loadPrecision(DURATION_PRECISION_KEY, DEFAULT_PRECISION));
+  loadEnumComboBox_(geodeticCombo_, GEODETIC_FORMAT_KEY, int(kelCore::GeodeticFormat::DEGREES_MINUTES));
+  geodeticPrecision_->setValue(loadPrecision(GEODETIC_PRECISION_KEY, 6));
+  loadUnitComboBox_(altitudeCombo_, ALTITUDE_UNITS_KEY, kelCore::Units::METERS.name());
+  altitudePrecision_->setValue(loadPrecision(ALTITUDE_PRECISION_KEY, DEFAULT_PRECISION));
+  loadUnitComboBox_(distanceCombo_, DISTANCE_UNITS_KEY, kelCore::Units::METERS.name());
+  distancePrecision_->setValue(loadPrecision(DISTANCE_PRECISION_KEY, DEFAULT_PRECISION));
+  loadUnitComboBox_(speedCombo_, SPEED_UNITS_KEY, kelCore::Units::METERS_PER_SECOND.name());
+  speedPrecision_->setValue(loadPrecision(SPEED_PRECISION_KEY, DEFAULT_PRECISION));
+  loadUnitComboBox_(angleCombo_, ANGLE_UNITS_KEY, kelCore::Units::DEGREES.name());
+  anglePrecision_->setValue(loadPrecision(ANGLE_PRECISION_KEY, DEFAULT_PRECISION));
+  genericPrecision_->setValue(loadPrecision(GENERIC_PRECISION_KEY, DEFAULT_PRECISION));
+}
+
+void UnitsWidget::saveSettings()
+{
+  saveEnumComboBox_(coordCombo_, COORDINATE_SYSTEM_KEY);
+  saveEnumComboBox_(timeCombo_, TIME_FORMAT_KEY);
+  saveSpinBox_(timePrecision_, TIME_PRECISION_KEY);
+  saveEnumComboBox_(durationCombo_, DURATION_FORMAT_KEY);
+  saveSpinBox_(durationPrecision_, DURATION_PRECISION_KEY);
+  saveEnumComboBox_(geodeticCombo_, GEODETIC_FORMAT_KEY);
+  saveSpinBox_(geodeticPrecision_, GEODETIC_PRECISION_KEY);
+  saveUnitComboBox_(altitudeCombo_, ALTITUDE_UNITS_KEY);
+  saveSpinBox_(altitudePrecision_, ALTITUDE_PRECISION_KEY);
+  saveUnitComboBox_(distanceCombo_, DISTANCE_UNITS_KEY);
+  saveSpinBox_(distancePrecision_, DISTANCE_PRECISION_KEY);
+  saveUnitComboBox_(speedCombo_, SPEED_UNITS_KEY);
+  saveSpinBox_(speedPrecision_, SPEED_PRECISION_KEY);
+  saveUnitComboBox_(angleCombo_, ANGLE_UNITS_KEY);
+  saveSpinBox_(anglePrecision_, ANGLE_PRECISION_KEY);
+  saveSpinBox_(genericPrecision_, GENERIC_PRECISION_KEY);
+}
+
+// A stored value no item carries (an old or hand-edited registry) falls back to the default.
+void UnitsWidget::loadEnumComboBox_(kelQt::UnitsComboBox* combo, const char* key, int fallback)
+{
+  if (!combo->setCurrentData(PURegistry::loadReg(fallback, key)))
+    combo->setCurrentData(fallback);
+}
+
+void UnitsWidget::loadUnitComboBox_(kelQt::UnitsComboBox* combo, const char* key, const std::string& fallback)
+{
+  if (!combo->setCurrentData(QString::fromStdString(PURegistry::loadReg(fallback, key))))
+    combo->setCurrentData(QString::fromStdString(fallback));
+}
+
+void UnitsWidget::saveEnumComboBox_(const QComboBox* combo, const char* key)
+{
+  PURegistry::saveReg(key, combo->currentData().toInt());
+}
+
+void UnitsWidget::saveUnitComboBox_(const QComboBox* combo, const char* key)
+{
+  PURegistry::saveReg(key, combo->currentData().toString().toStdString());
+}
+
+void UnitsWidget::saveSpinBox_(const QSpinBox* spin, const char* key)
+{
+  PURegistry::saveReg(key, spin->value());
+}
+
+} // namespace QtSep
