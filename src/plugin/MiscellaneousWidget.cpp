@@ -1,0 +1,65 @@
+#include "plugin/MiscellaneousWidget.h"
+
+#include "actions/CreateScenario.h"
+#include "actions/ScenarioPropertiesDialog.h"
+#include "plugin/ActionUtilities.h"
+#include "plugin/UnitsWidget.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace QtSep
+{
+
+MiscellaneousWidget::MiscellaneousWidget(QWidget* parent) : TabWidget(parent)
+{
+  setLayout(new QFormLayout);
+  QPushButton* edit = addRow_("Edit Scenario", "Edit...", "editPushButton",
+    "Displays an editor to adjust most scenario properties.");
+  connect(edit, &QPushButton::clicked, this, &MiscellaneousWidget::editScenario_);
+  QPushButton* units = addRow_("Units that apply to all tabs:", "Edit Units...", "unitsPushButton",
+    "Displays a unit editor.");
+  connect(units, &QPushButton::clicked, this, &MiscellaneousWidget::editUnits_);
+}
+
+QPushButton* MiscellaneousWidget::addRow_(const QString& label, const QString& text, const char* name,
+  const QString& toolTip)
+{
+  auto* button = new QPushButton(text);
+  button->setObjectName(name);
+  button->setToolTip(toolTip);
+  static_cast<QFormLayout*>(layout())->addRow(label, button);
+  return button;
+}
+
+void MiscellaneousWidget::editScenario_()
+{
+  ScenarioPropertiesDialog dialog(false, this);
+  if (dialog.exec() != QDialog::Accepted)
+    return;
+  applyScenarioProperties(dialog);
+  fireChangeCallback(0UL);
+}
+
+void MiscellaneousWidget::editUnits_()
+{
+  QDialog dialog(this);
+  dialog.setObjectName("UnitsDialog");
+  dialog.setWindowTitle("Edit Units");
+  auto* page = new UnitsWidget(&dialog);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+  connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  auto* column = new QVBoxLayout(&dialog);
+  column->addWidget(page);
+  column->addWidget(buttons);
+  if (dialog.exec() != QDialog::Accepted)
+    return;
+  page->saveSettings();
+  emit unitsChanged();
+}
+
+} // namespace QtSep
