@@ -52,7 +52,7 @@ std::vector<ChildKind> childKindsOf(PIScenarioObjectType_t hostType)
 } // namespace
 
 EntityTreeModel::EntityTreeModel(QObject* parent)
-  : QAbstractItemModel(parent), rootItem_(std::make_unique<QtEntityTreeItem>(0, PI_NONE_TYPE, nullptr))
+  : kelQt::AbstractEntityTreeModel(parent), rootItem_(std::make_unique<QtEntityTreeItem>(0, PI_NONE_TYPE, nullptr))
 {
   initEntityTreeResources();
   const QString folder = ":/QtEntityTreeModel/images/";
@@ -167,13 +167,13 @@ QString EntityTreeModel::formatTime_(double time, int format) const
     UTILS::getTimeString(PIData::getReferenceYear(), time, static_cast<kelCore::TimeFormat>(format), 3));
 }
 
-QModelIndex EntityTreeModel::indexOf(UniqueID_t id) const
+QModelIndex EntityTreeModel::indexOf(unsigned long id) const
 {
   const auto found = itemsById_.find(id);
   return found == itemsById_.end() ? QModelIndex() : createIndex(found->second->row(), 0, found->second);
 }
 
-UniqueID_t EntityTreeModel::uniqueId(const QModelIndex& index) const
+unsigned long EntityTreeModel::uniqueId(const QModelIndex& index) const
 {
   return index.isValid() ? itemOf_(index)->id() : 0;
 }

@@ -3,7 +3,8 @@
 #include "host/PIScenarioObjectType.h"
 #include "host/UniqueID.h"
 
-#include <QAbstractItemModel>
+#include "widgets/AbstractEntityTreeModel.h"
+
 #include <QIcon>
 
 #include <map>
@@ -20,7 +21,7 @@ class QtEntityTreeItem;
  * host through the plug-in's events. Additions are gathered for 100 ms and committed at once,
  * since a load brings thousands of entities in a burst.
  */
-class EntityTreeModel : public QAbstractItemModel
+class EntityTreeModel : public kelQt::AbstractEntityTreeModel
 {
   Q_OBJECT
 public:
@@ -46,10 +47,9 @@ public:
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
-  /// @return the index of column 0 of the entity's row; invalid for an id not shown.
-  QModelIndex indexOf(UniqueID_t id) const;
+  QModelIndex indexOf(unsigned long id) const override;
   /// @return the entity of an index; 0 for the scenario row or an invalid index.
-  UniqueID_t uniqueId(const QModelIndex& index) const;
+  unsigned long uniqueId(const QModelIndex& index) const override;
 
   /**
    * Mirrors one host event.
@@ -65,12 +65,12 @@ public:
   bool isTreeView() const { return treeView_; }
   void setToTreeView() { toggleTreeView(true); }
   void setToListView() { toggleTreeView(false); }
-  /// @param useTree true for entities under their hosts, false for a flat list
-  void toggleTreeView(bool useTree);
+  /// Rebuilds the rows in the new layout. @param useTree true for entities under their hosts, false for a flat list
+  void toggleTreeView(bool useTree) override;
 
   bool useEntityIcons() const { return useEntityIcons_; }
   /// @param useIcons true to show each kind as its icon in the type column instead of its abbreviation
-  void setUseEntityIcons(bool useIcons);
+  void setUseEntityIcons(bool useIcons) override;
 
   bool includeScenario() const { return includeScenario_; }
   /// @param value true to show the scenario itself as a row with id 0
