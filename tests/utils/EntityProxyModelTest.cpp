@@ -2,6 +2,8 @@
 #include "support/ServerFixture.h"
 #include "utils/EntityTreeModel.h"
 #include "widgets/EntityFilter.h"
+#include "widgets/EntityFilterLineEdit.h"
+#include "widgets/EntityNameFilter.h"
 #include "widgets/EntityProxyModel.h"
 
 #include <set>
@@ -109,4 +111,63 @@ TEST_F(EntityProxy, NumbersSortAsNumbers)
   proxy.sort(PluginUtils::EntityTreeModel::POINTS_COLUMN, Qt::AscendingOrder);
   EXPECT_EQ(sample.platform, model.uniqueId(proxy.mapToSource(proxy.index(0, 0))));
   EXPECT_EQ(other, model.uniqueId(proxy.mapToSource(proxy.index(1, 0))));
+}
+
+TEST_F(EntityProxy, NameSearchFollowsItsLineEditInEachSyntaxAndCase)
+{
+  auto* names = new kelQt::EntityNameFilter(&model);
+  kelQt::EntityFilterLineEdit search;
+  names->bindToWidget(&search);
+  proxy.addEntityFilter(names);
+  EXPECT_TRUE(shown(other)) << "an empty pattern shows everything";
+
+  search.setText("Gat");
+  EXPECT_TRUE(shown(sample.gate));
+  EXPECT_TRUE(shown(sample.platform)) << "host of a match";
+  EXPECT_FALSE(shown(other));
+
+  search.setText("^E.*e$");
+  EXPECT_TRUE(shown(sample.platform));
+  search.setPatternSyntax(QRegExp::Wildcard);
+  search.setText("E*le");
+  EXPECT_TRUE(shown(sample.platform));
+  search.setPatternSyntax(QRegExp::FixedString);
+  EXPECT_FALSE(shown(sample.platform)) << "the star is a star";
+
+  search.setPatternSyntax(QRegExp::RegExp);
+  search.setText("eagle");
+  EXPECT_TRUE(shown(sample.platform));
+  search.setCaseSensitivity(Qt::CaseSensitive);
+  EXPECT_FALSE(shown(sample.platform));
+
+  search.setText("Her(");
+  EXPECT_TRUE(search.isMarkedInvalid());
+  EXPECT_FALSE(shown(sample.platform)) << "the last valid pattern stays in force";
+  EXPECT_FALSE(shown(other));
+  search.setText("Her");
+  EXPECT_FALSE(search.isMarkedInvalid());
+  EXPECT_TRUE(shown(other));
+}
+
+TEST_F(EntityProxy, NameSearchSettingsComeBackIntoTheLineEdit)
+{
+  kelQt::EntityNameFilter first(&model);
+  first.setRegExp("h?ron", Qt::CaseSensitive, QRegExp::Wildcard);
+  QMap<QString, QVariant> settings;
+  first.getFilterSettings(settings);
+
+  kelQt::EntityNameFilter second(&model);
+  kelQt::EntityFilterLineEdit search;
+  search.setRegexOnly(false);
+  second.bindToWidget(&search);
+  second.setFilterSettings(settings);
+  EXPECT_EQ("h?ron", search.text());
+  EXPECT_EQ(Qt::CaseSensitive, search.caseSensitivity());
+  EXPECT_EQ(QRegExp::Wildcard, search.patternSyntax());
+  EXPECT_FALSE(second.acceptEntity(other)) << "case sensitive: h is not H";
+  search.setCaseSensitivity(Qt::CaseInsensitive);
+  EXPECT_TRUE(second.acceptEntity(other));
+
+  search.setRegexOnly(true);
+  EXPECT_EQ(QRegExp::RegExp, search.patternSyntax());
 }
