@@ -1,6 +1,5 @@
 #include "host/PIData.h"
-#include "support/ServerFixture.h"
-#include "utils/EntityTreeModel.h"
+#include "support/EntityTreeFixture.h"
 #include "widgets/EntityFilter.h"
 #include "widgets/EntityFilterLineEdit.h"
 #include "widgets/EntityNameFilter.h"
@@ -45,24 +44,16 @@ private:
   std::set<std::string> names_;
 };
 
-class EntityProxy : public ServerFixture
+class EntityProxy : public EntityTreeFixture
 {
 protected:
   void SetUp() override
   {
-    ServerFixture::SetUp();
-    sample = createSampleEntities();
-    PIData::PIPlatformHeader header;
-    header.name = "Heron";
-    other = PIData::createPlatform(&header, nullptr);
-    model.forceRefresh();
+    EntityTreeFixture::SetUp();
     proxy.setSourceModel(&model);
   }
   bool shown(unsigned long id) { return proxy.mapFromSource(model.indexOf(id)).isValid(); }
 
-  SampleEntities sample;
-  UniqueID_t other = 0;
-  PluginUtils::EntityTreeModel model;
   kelQt::EntityProxyModel proxy;
 };
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "support/ServerFixture.h"
+#include "utils/EntityTreeModel.h"
+
+/// The sample entities and a second platform "Heron", read by an entity tree model.
+class EntityTreeFixture : public ServerFixture
+{
+protected:
+  void SetUp() override
+  {
+    ServerFixture::SetUp();
+    sample = createSampleEntities();
+    PIData::PIPlatformHeader header;
+    header.name = "Heron";
+    other = PIData::createPlatform(&header, nullptr);
+    model.forceRefresh();
+  }
+
+  SampleEntities sample;
+  UniqueID_t other = 0;
+  PluginUtils::EntityTreeModel model;
+};
