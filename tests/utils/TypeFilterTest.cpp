@@ -3,6 +3,7 @@
 #include "utils/TypeFilter.h"
 #include "widgets/EntityProxyModel.h"
 #include "widgets/EntityTypeFilterWidget.h"
+#include "widgets/FilterDialog.h"
 
 #include <QCheckBox>
 #include <QSignalSpy>
@@ -72,4 +73,22 @@ TEST_F(TypeFiltering, SettingsKeepTheKindsInTheKitsBits)
   EXPECT_EQ(1, updated.count());
   second.setFilterSettings({});
   EXPECT_EQ(first.entityTypes(), second.entityTypes()) << "settings without the key change nothing";
+}
+
+TEST_F(TypeFiltering, TheFilterDialogListsTheFiltersThatHaveEditors)
+{
+  kelQt::FilterDialog dialog;
+  EXPECT_EQ("Entity Filters", dialog.windowTitle());
+  EXPECT_FALSE(dialog.isModal());
+  TypeFilter withEditor(PI_PLATFORM_TYPE);
+  TypeFilter withoutEditor(PI_PLATFORM_TYPE, false);
+  dialog.addFilter(withEditor);
+  dialog.addFilter(withoutEditor);
+  EXPECT_EQ(1, dialog.editorCount());
+  EXPECT_EQ(1, dialog.findChildren<kelQt::EntityTypeFilterWidget*>().size());
+
+  QSignalSpy closed(&dialog, &kelQt::FilterDialog::closedGui);
+  dialog.show();
+  dialog.close();
+  EXPECT_EQ(1, closed.count());
 }
