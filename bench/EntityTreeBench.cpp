@@ -1,12 +1,8 @@
 // The entity tree over a large scenario: 2,500 platforms each with a beam, a gate under the beam
 // and a laser (10,000 entities), read whole by the model and shown in a tree view, and filtered
 // by a name pattern.
+#include "BenchHost.h"
 #include "host/PIData.h"
-#include "host/PluginGlobals.h"
-#include "server/HeadlessHostServices.h"
-#include "server/KelvorServer.h"
-#include "server/Registry.h"
-#include "store/ScenarioStore.h"
 #include "utils/EntityTreeModel.h"
 #include "widgets/EntityNameFilter.h"
 #include "widgets/EntityProxyModel.h"
@@ -14,29 +10,20 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QTemporaryDir>
 #include <QTreeView>
 
 namespace
 {
 
-struct Host
+// The bench host holding 2,500 platform families.
+struct Host : BenchHost
 {
-  QTemporaryDir dir;
-  kelvor::ScenarioStore store;
-  kelvor::HeadlessHostServices services;
-  kelvor::Registry registry{dir.filePath("registry.ini").toStdString()};
-  kelvor::KelvorServer server{store, services, registry};
   Host()
   {
-    g_FunctionMap = &server;
-    g_This = this;
     PIData::initializeScenario();
     for (int i = 0; i < 2500; ++i)
       addFamily(i);
   }
-  ~Host() { g_FunctionMap = nullptr; }
-
   static void addFamily(int i)
   {
     PIData::PIPlatformHeader header;

@@ -1,36 +1,17 @@
 // Bulk track work through the whole call path (wrapper, handle, server, store): adding and
 // reading a million platform points, in LLA and in ECEF, one addDataPoint, and the store's
 // memory per point.
+#include "BenchHost.h"
 #include "host/PIData.h"
-#include "host/PluginGlobals.h"
-#include "server/HeadlessHostServices.h"
-#include "server/KelvorServer.h"
-#include "server/Registry.h"
-#include "store/ScenarioStore.h"
 
 #include <benchmark/benchmark.h>
-
-#include <QTemporaryDir>
 
 #include <cmath>
 
 namespace
 {
 
-struct Host
-{
-  QTemporaryDir dir;
-  kelvor::ScenarioStore store;
-  kelvor::HeadlessHostServices services;
-  kelvor::Registry registry{dir.filePath("registry.ini").toStdString()};
-  kelvor::KelvorServer server{store, services, registry};
-  Host()
-  {
-    g_FunctionMap = &server;
-    g_This = this;
-  }
-  ~Host() { g_FunctionMap = nullptr; }
-};
+using Host = BenchHost;
 
 std::vector<PIData::PIPlatformPoint> track(std::size_t count)
 {

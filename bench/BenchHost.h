@@ -1,0 +1,25 @@
+#pragma once
+
+#include "host/PluginGlobals.h"
+#include "server/HeadlessHostServices.h"
+#include "server/KelvorServer.h"
+#include "server/Registry.h"
+#include "store/ScenarioStore.h"
+
+#include <QTemporaryDir>
+
+/// A real KELVOR Lite store and server behind the plug-in's call path, for the life of a benchmark.
+struct BenchHost
+{
+  QTemporaryDir dir;
+  kelvor::ScenarioStore store;
+  kelvor::HeadlessHostServices services;
+  kelvor::Registry registry{dir.filePath("registry.ini").toStdString()};
+  kelvor::KelvorServer server{store, services, registry};
+  BenchHost()
+  {
+    g_FunctionMap = &server;
+    g_This = this;
+  }
+  ~BenchHost() { g_FunctionMap = nullptr; }
+};
