@@ -72,6 +72,13 @@ QtEntityTreeItem* EntityTreeModel::itemOf_(const QModelIndex& index) const
   return index.isValid() ? static_cast<QtEntityTreeItem*>(index.internalPointer()) : rootItem_.get();
 }
 
+QModelIndex EntityTreeModel::indexOfItem_(QtEntityTreeItem* item) const
+{
+  if (!item || item == rootItem_.get())
+    return QModelIndex();
+  return createIndex(item->row(), 0, item);
+}
+
 QModelIndex EntityTreeModel::index(int row, int column, const QModelIndex& parent) const
 {
   if (column < 0 || column >= COLUMN_COUNT)
@@ -84,10 +91,7 @@ QModelIndex EntityTreeModel::parent(const QModelIndex& child) const
 {
   if (!child.isValid())
     return QModelIndex();
-  QtEntityTreeItem* parentItem = itemOf_(child)->parent();
-  if (!parentItem || parentItem == rootItem_.get())
-    return QModelIndex();
-  return createIndex(parentItem->row(), 0, parentItem);
+  return indexOfItem_(itemOf_(child)->parent());
 }
 
 int EntityTreeModel::rowCount(const QModelIndex& parent) const
@@ -170,7 +174,7 @@ QString EntityTreeModel::formatTime_(double time, int format) const
 QModelIndex EntityTreeModel::indexOf(unsigned long id) const
 {
   const auto found = itemsById_.find(id);
-  return found == itemsById_.end() ? QModelIndex() : createIndex(found->second->row(), 0, found->second);
+  return found == itemsById_.end() ? QModelIndex() : indexOfItem_(found->second);
 }
 
 unsigned long EntityTreeModel::uniqueId(const QModelIndex& index) const
@@ -239,7 +243,7 @@ void EntityTreeModel::addTreeItem_(UniqueID_t id, PIScenarioObjectType_t type, U
     return;
   const auto hostItem = itemsById_.find(host);
   QtEntityTreeItem* parentItem = (host != 0 && treeView_ && hostItem != itemsById_.end()) ? hostItem->second : rootItem_.get();
-  const QModelIndex parentIndex = parentItem == rootItem_.get() ? QModelIndex() : createIndex(parentItem->row(), 0, parentItem);
+  const QModelIndex parentIndex = indexOfItem_(parentItem);
   auto* item = new QtEntityTreeItem(id, type, parentItem);
   item->refresh();
   beginInsertRows(parentIndex, parentItem->childCount(), parentItem->childCount());
@@ -255,7 +259,7 @@ void EntityTreeModel::removeEntity_(UniqueID_t id)
     return;
   QtEntityTreeItem* item = found->second;
   QtEntityTreeItem* parentItem = item->parent();
-  const QModelIndex parentIndex = parentItem == rootItem_.get() ? QModelIndex() : createIndex(parentItem->row(), 0, parentItem);
+  const QModelIndex parentIndex = indexOfItem_(parentItem);
   const int row = item->row();
   beginRemoveRows(parentIndex, row, row);
   for (UniqueID_t below : item->getChildrenIds())

@@ -85,6 +85,8 @@ private:
   void buildChildren_(UniqueID_t id, PIScenarioObjectType_t type, QtEntityTreeItem* item);
   QString formatTime_(double time, int format) const;
   QtEntityTreeItem* itemOf_(const QModelIndex& index) const;
+  /// @return the index of column 0 of item; invalid for the root or null.
+  QModelIndex indexOfItem_(QtEntityTreeItem* item) const;
   QVariant displayText_(const QtEntityTreeItem& item, int column) const;
 
   std::unique_ptr<QtEntityTreeItem> rootItem_;
