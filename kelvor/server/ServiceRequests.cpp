@@ -379,6 +379,16 @@ std::int64_t ServiceRequests::preferences_(void* record)
     store.setDrawFlag(static_cast<UniqueID_t>(r.integerAt(2)), text(r, 0), r.integerAt(3) != 0);
     store.dataChanged({static_cast<UniqueID_t>(r.integerAt(2))});
     return finish(r, true);
+  case PISelector::PREF_GET_BOOL: {
+    // The scene hides an entity by its "Hidden" draw flag; the two drawing preferences read it.
+    const std::string name = text(r, 0);
+    const auto id = static_cast<UniqueID_t>(r.integerAt(2));
+    if ((name != "commonPrefs.draw" && name != "commonPrefs.dataDraw") || !store.entity(id))
+      return finish(r, false);
+    r.integers.resize(std::max<std::size_t>(r.integers.size(), 4));
+    r.integers[3] = store.drawFlag(id, "Hidden") ? 0 : 1;
+    return finish(r, true);
+  }
   default:
     return finish(r, false);
   }

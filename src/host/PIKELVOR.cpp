@@ -102,6 +102,18 @@ int setPrefDrawFlag(UniqueID_t id, const std::string& flag, bool on)
   return PIRequest::send(PISF_PREFERENCES, r);
 }
 
+int getPrefBool(UniqueID_t id, const std::string& preference, bool* value)
+{
+  if (!value)
+    return 1;
+  auto r = PIRequest::catchAll(PISelector::PREF_GET_BOOL, {static_cast<std::int64_t>(id), 0});
+  r.strings = {preference};
+  if (PIRequest::send(PISF_PREFERENCES, r) != 0)
+    return 1;
+  *value = r.integerAt(3) != 0;
+  return 0;
+}
+
 int getAttachedGOGFiles(UniqueID_t id, std::vector<std::string>* files)
 {
   if (!files)

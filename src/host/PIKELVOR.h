@@ -46,6 +46,11 @@ long addPrefRule(const std::string& rule);
 int removePrefRule(long ruleId);
 /// Sets a named draw flag of an entity (0 for the scenario). @return 0 for success
 int setPrefDrawFlag(UniqueID_t id, const std::string& flag, bool on);
+/**
+ * Reads an on-or-off display preference of an entity, such as "commonPrefs.draw".
+ * @param value set on success @return 0 for success; 1, leaving value alone, for a name the host does not know
+ */
+int getPrefBool(UniqueID_t id, const std::string& preference, bool* value);
 
 /// Reads the overlay files attached to an entity (0 for the scenario). @return 0 for success
 int getAttachedGOGFiles(UniqueID_t id, std::vector<std::string>* files);

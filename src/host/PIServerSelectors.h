@@ -206,7 +206,8 @@ enum Preferences
 {
   PREF_ADD_RULE = 0,       ///< strings [rule text]; out integers[1] the rule id
   PREF_REMOVE_RULE = 1,    ///< integers[2] the rule id
-  PREF_SET_DRAW_FLAG = 2   ///< integers [.., .., entity, on]; strings [flag]
+  PREF_SET_DRAW_FLAG = 2,  ///< integers [.., .., entity, on]; strings [flag]
+  PREF_GET_BOOL = 3        ///< integers[2] the entity; strings [preference name]; out integers[3] 1 when on
 };
 
 /// PISF_GOG: integers [sel, status, entity]; strings [file]; pointers [std::vector<std::string>* out].

@@ -24,9 +24,21 @@ public:
     ENTITY_DATA_MODIFIED = 0 ///< the entities' data changed; the host refreshes and tells plug-ins
   };
 
+  /// Hears every signal sent to the service.
+  class Listener
+  {
+  public:
+    virtual ~Listener() = default;
+    /// @param signal what happened @param ids the entities concerned
+    virtual void callback(Signal signal, const std::vector<UniqueID_t>& ids) = 0;
+  };
+
   std::string serviceName() const override { return SIGNAL_SERVICE_NAME; }
   /// Sends a signal about entities. @param ids the entities concerned
   virtual void sendSignal(Signal signal, const std::vector<UniqueID_t>& ids) = 0;
+  /// Has listener hear every later signal, once. @param listener not owned; removed before it goes
+  virtual void addListener(Listener* listener) = 0;
+  virtual void removeListener(Listener* listener) = 0;
 };
 
 } // namespace Interfaces

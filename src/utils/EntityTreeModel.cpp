@@ -275,8 +275,55 @@ void EntityTreeModel::refreshEntity(UniqueID_t id)
   if (found == itemsById_.end())
     return;
   found->second->refresh();
-  const int row = found->second->row();
-  emit dataChanged(createIndex(row, NAME_COLUMN, found->second), createIndex(row, END_COLUMN, found->second));
+  reportChanged_(found->second);
+}
+
+void EntityTreeModel::reportChanged_(QtEntityTreeItem* item)
+{
+  const int row = item->row();
+  emit dataChanged(createIndex(row, NAME_COLUMN, item), createIndex(row, END_COLUMN, item));
+}
+
+void EntityTreeModel::synchronizeToScenario()
+{
+  std::vector<UniqueID_t> gone;
+  for (const auto& entry : itemsById_)
+  {
+    if (entry.first != 0 && PIData::getObjectType(entry.first) == PI_NONE_TYPE)
+      gone.push_back(entry.first);
+  }
+  for (UniqueID_t id : gone)
+    removeEntity_(id);
+
+  std::vector<UniqueID_t> platforms;
+  PIData::getPlatformList(&platforms);
+  addMissing_(PI_PLATFORM_TYPE, platforms, 0);
+  std::vector<UniqueID_t> renderings;
+  PIData::getCustomRenderingList(&renderings);
+  addMissing_(PI_CUSTOM_RENDERING_TYPE, renderings, 0);
+
+  for (const auto& entry : itemsById_)
+  {
+    if (entry.second->refresh())
+      reportChanged_(entry.second);
+  }
+}
+
+void EntityTreeModel::addMissing_(PIScenarioObjectType_t type, const std::vector<UniqueID_t>& ids, UniqueID_t host)
+{
+  for (UniqueID_t id : ids)
+  {
+    // Hosted renderings are reached through their host.
+    if (host == 0 && type == PI_CUSTOM_RENDERING_TYPE && PIData::getObjectHost(id) != 0)
+      continue;
+    addTreeItem_(id, type, host);
+    for (const ChildKind& kind : childKindsOf(type))
+    {
+      std::vector<UniqueID_t> children;
+      kind.list(id, &children);
+      addMissing_(kind.type, children, id);
+    }
+  }
 }
 
 void EntityTreeModel::forceRefresh()

@@ -61,6 +61,12 @@ public:
   virtual void forceRefresh();
   /// Reads the cached texts of one entity again and reports its row changed.
   void refreshEntity(UniqueID_t id);
+  /**
+   * Brings the model in step with the host without a reset, for changes whose events were
+   * missed: drops entities that are gone, adds those that are missing, and reports the rows
+   * whose texts changed.
+   */
+  void synchronizeToScenario();
 
   bool isTreeView() const { return treeView_; }
   void setToTreeView() { toggleTreeView(true); }
@@ -83,6 +89,9 @@ private:
   void removeEntity_(UniqueID_t id);
   void buildTree_(PIScenarioObjectType_t type, const std::vector<UniqueID_t>& ids, QtEntityTreeItem* parent);
   void buildChildren_(UniqueID_t id, PIScenarioObjectType_t type, QtEntityTreeItem* item);
+  /// Adds the entities of ids and their children that the model lacks. @param host their host; 0 for none
+  void addMissing_(PIScenarioObjectType_t type, const std::vector<UniqueID_t>& ids, UniqueID_t host);
+  void reportChanged_(QtEntityTreeItem* item);
   QString formatTime_(double time, int format) const;
   QtEntityTreeItem* itemOf_(const QModelIndex& index) const;
   /// @return the index of column 0 of item; invalid for the root or null.

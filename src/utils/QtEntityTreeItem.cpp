@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include <tuple>
+
 namespace PluginUtils
 {
 
@@ -78,7 +80,17 @@ std::vector<UniqueID_t> QtEntityTreeItem::getChildrenIds() const
   return ids;
 }
 
-void QtEntityTreeItem::refresh()
+bool QtEntityTreeItem::refresh()
+{
+  const auto cached = [this] {
+    return std::make_tuple(name_, alias_, originalId_, startTime_, endTime_, numberOfPoints_, typeString_);
+  };
+  const auto before = cached();
+  readFromHost_();
+  return cached() != before;
+}
+
+void QtEntityTreeItem::readFromHost_()
 {
   const TypeNames names = typeNames(type_);
   typeString_ = names.full;

@@ -35,8 +35,8 @@ public:
   /// @return the ids of every item below this one, depth first.
   std::vector<UniqueID_t> getChildrenIds() const;
 
-  /// Reads the cached texts and values again from the host.
-  void refresh();
+  /// Reads the cached texts and values again from the host. @return true when any of them changed
+  bool refresh();
 
   const std::string& name() const { return name_; }
   const std::string& alias() const { return alias_; }
@@ -50,6 +50,7 @@ public:
   const std::string& abbreviatedTypeString() const { return abbreviatedTypeString_; }
 
 private:
+  void readFromHost_();
   void refreshTimes();
 
   UniqueID_t id_;
