@@ -99,7 +99,7 @@ void MainDialog::buildTabs_()
 {
   auto* miscellaneous = new MiscellaneousWidget;
   connect(miscellaneous, &MiscellaneousWidget::unitsChanged, this, &MainDialog::applyUnitsChange_);
-  addTab_(miscellaneous, MISCELLANEOUS_TAB);
+  addTab(miscellaneous, MISCELLANEOUS_TAB);
 }
 
 QStringList MainDialog::tabTitles()
@@ -107,7 +107,7 @@ QStringList MainDialog::tabTitles()
   return {MISCELLANEOUS_TAB};
 }
 
-void MainDialog::addTab_(TabWidget* tab, const QString& title)
+void MainDialog::addTab(TabWidget* tab, const QString& title)
 {
   tab->setObjectName(title);
   tabWidget_->addTab(tab, title);

@@ -75,6 +75,8 @@ public:
   kelQt::EntityTreeComposite& entityTreeComposite() const { return *entityTreeComposite_; }
   PluginUtils::EntityTreeModel& entityTreeModel() const { return *treeModel_; }
   QTabWidget& tabWidget() const { return *tabWidget_; }
+  /// Appends a tab, which the window owns from then on. @param title its text, and its object name
+  void addTab(TabWidget* tab, const QString& title);
   /// @return the tab of that title, null when this build has none.
   TabWidget* tab(const QString& title) const;
   /// @return the current tab's index, -1 before the first is made current.
@@ -94,7 +96,6 @@ private:
 
   void buildTree_();
   void buildTabs_();
-  void addTab_(TabWidget* tab, const QString& title);
   void listenToModified_();
   void updateRightClickMenu_(QMenu* menu);
   void updateMenuInfoToMenu_(const std::vector<MenuInfo*>& items, QMenu* menu, QAction* before);

@@ -154,3 +154,24 @@ TEST_F(EntityTree, RemovalTakesTheSubtreeAndChangesRefreshTheRow)
   EXPECT_FALSE(model.indexOf(gate).isValid());
   announce(PI_EVENT_ENTITY_REMOVED, platform); // already gone: nothing happens
 }
+
+TEST_F(EntityTree, SynchronisingCatchesUpWithChangesWhoseEventsWereMissed)
+{
+  model.forceRefresh();
+  const UniqueID_t heron = addPlatform("Heron");
+  PIData::removeEntity(gate, false);
+  PIData::PIPlatformPoint point;
+  PIData::getDataPoint(platform, 10.0, &point, PI_RETRIEVE_EXACT);
+  point.time = 30.0;
+  PIData::addDataPoint(platform, &point);
+  QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+
+  model.synchronizeToScenario();
+  EXPECT_TRUE(model.indexOf(heron).isValid());
+  EXPECT_FALSE(model.indexOf(gate).isValid());
+  EXPECT_EQ("3", text(platform, EntityTreeModel::POINTS_COLUMN));
+  EXPECT_EQ(1, changed.count()) << "only the row whose texts changed is reported";
+
+  model.synchronizeToScenario();
+  EXPECT_EQ(1, changed.count()) << "nothing changed, nothing reported";
+}
