@@ -6,6 +6,7 @@
 #include "utils/EntityTreeModel.h"
 #include "widgets/EntityNameFilter.h"
 #include "widgets/EntityProxyModel.h"
+#include "widgets/EntityTreeComposite.h"
 
 #include <benchmark/benchmark.h>
 
@@ -80,6 +81,41 @@ void BM_NameFilterOverTenThousandEntities(benchmark::State& state)
   }
 }
 BENCHMARK(BM_NameFilterOverTenThousandEntities)->Unit(benchmark::kMillisecond);
+
+// The editor window's tree as the user meets it: the composite with its name search, built,
+// shown expanded, then searched by typing a pattern into its line edit.
+void BM_CompositeBuildShowAndSearch(benchmark::State& state)
+{
+  Host host;
+  for (auto _ : state)
+  {
+    PluginUtils::EntityTreeModel model;
+    model.forceRefresh();
+    kelQt::EntityTreeComposite composite;
+    composite.setModel(&model);
+    composite.resize(400, 600);
+    composite.show();
+    composite.view()->expandAll();
+    QApplication::processEvents();
+    QMap<QString, QVariant> search;
+    search[kelQt::EntityNameFilter::TEXT_KEY] = "Platform 24";
+    composite.setFilterSettings(search);
+    QApplication::processEvents();
+    benchmark::DoNotOptimize(composite.view()->model()->rowCount());
+  }
+}
+BENCHMARK(BM_CompositeBuildShowAndSearch)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The editor window's 5 s synchronisation when nothing changed: every entity read again.
+void BM_SynchronizeTenThousandUnchanged(benchmark::State& state)
+{
+  Host host;
+  PluginUtils::EntityTreeModel model;
+  model.forceRefresh();
+  for (auto _ : state)
+    model.synchronizeToScenario();
+}
+BENCHMARK(BM_SynchronizeTenThousandUnchanged)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
