@@ -3,6 +3,7 @@
 #include "host/PIClockMode.h"
 #include "host/PIDataClock.h"
 #include "host/PIDataScenario.h"
+#include "actions/RemoveDuplicatePointsAction.h"
 #include "host/PIKELVOR.h"
 #include "plugin/ActionUtilities.h"
 
@@ -18,9 +19,10 @@ constexpr int CLOSING_RULE_WEIGHT = 205;
 
 } // namespace
 
-ActionManager::ActionManager(QWidget*, QObject* owner) : QObject(owner)
+ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
 {
-  // The actions join here as each command is built.
+  // In the order of the command table; the actions of commands still to come join in their places.
+  actions_.push_back(std::make_unique<RemoveDuplicatePointsAction>(parent));
 }
 
 ActionManager::~ActionManager() = default;
@@ -38,7 +40,11 @@ std::vector<EntityInfo> ActionManager::entitiesOf(const std::vector<unsigned lon
   std::vector<EntityInfo> entities;
   entities.reserve(ids.size());
   for (unsigned long id : ids)
-    entities.push_back(EntityInfo{id, getEntityType(id), getEntityName(id)});
+  {
+    // The scenario's kind is every kind: actions on it apply to the whole scenario.
+    const PIScenarioObjectType_t type = id == 0 ? PI_ALL_TYPES : getEntityType(id);
+    entities.push_back(EntityInfo{id, type, getEntityName(id)});
+  }
   return entities;
 }
 
@@ -59,7 +65,7 @@ void ActionManager::menuRequested(const std::vector<unsigned long>& ids, std::ve
 {
   if (!mayOfferMenus())
     return;
-  const std::vector<EntityInfo> entities = ids.empty() ? std::vector<EntityInfo>{EntityInfo{0, PI_NONE_TYPE, ""}}
+  const std::vector<EntityInfo> entities = ids.empty() ? std::vector<EntityInfo>{EntityInfo{0, PI_ALL_TYPES, ""}}
                                                        : entitiesOf(ids);
   for (const auto& action : actions_)
     action->menuRequested(entities, items);

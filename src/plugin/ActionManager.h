@@ -38,7 +38,7 @@ public:
   void menuRequested(PIKELVOR::WhatWasClicked what, const std::vector<unsigned long>& ids, void* menu);
   /**
    * Fills the own menu's list, sorted by weight (equal weights in the order given). An empty
-   * selection stands for the scenario, the entity with id 0. The caller owns the items.
+   * selection stands for the scenario, the entity with id 0 and kind PI_ALL_TYPES. The caller owns the items.
    */
   void menuRequested(const std::vector<unsigned long>& ids, std::vector<MenuInfo*>& items);
 

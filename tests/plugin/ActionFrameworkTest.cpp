@@ -78,12 +78,14 @@ protected:
 
 TEST_F(ActionFramework, BothMenusAskEveryActionAndSortByWeight)
 {
-  EXPECT_EQ((std::vector<std::string>{"High", "Low", "Tie"}), ownMenu({platform})) << "equal weights keep their order";
+  EXPECT_EQ((std::vector<std::string>{"High", "Remove Duplicate Points...", "Low", "Tie"}), ownMenu({platform}))
+      << "the manager's own actions sort among the others; equal weights keep their order";
   ASSERT_EQ(1u, low->seen.size());
   EXPECT_EQ((EntityInfo{platform, PI_PLATFORM_TYPE, "Eagle"}), low->seen[0]);
   ownMenu({});
   ASSERT_EQ(1u, low->seen.size());
   EXPECT_EQ(0u, low->seen[0].id) << "no selection stands for the scenario";
+  EXPECT_EQ(PI_ALL_TYPES, low->seen[0].type) << "of every kind";
 }
 
 class ManagerCallback : public PIKELVOR::ContextMenuCallback

@@ -207,7 +207,7 @@ TEST_F(EditorWindow, TreeMenuLeadsWithTheActionsSortedByWeight)
   QStringList texts;
   for (QAction* action : menu->actions())
     texts << (action->isSeparator() ? "-" : action->text());
-  EXPECT_EQ((QStringList{"Group", "-", "Late", "-", "&Copy"}), texts.mid(0, 5));
+  EXPECT_EQ((QStringList{"Group", "-", "Remove Duplicate Points...", "Late", "-", "&Copy"}), texts.mid(0, 6));
   ASSERT_NE(nullptr, menu->actions().at(0)->menu());
   EXPECT_EQ("Inner", menu->actions().at(0)->menu()->actions().at(0)->text());
 
