@@ -3,11 +3,15 @@
 #include "cli/EditSession.h"
 #include "files/ScenarioVocabulary.h"
 #include "files/ScenarioWriter.h"
+#include "host/PIDataEntities.h"
+#include "plugin/ActionUtilities.h"
+#include "processing/RemoveDuplicatePoints.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iomanip>
-#include <sstream>
 #include <map>
+#include <sstream>
 
 namespace kelvor
 {
@@ -27,6 +31,37 @@ std::string degrees(double radians, char positive, char negative)
   text << std::fixed << std::setprecision(6) << std::fabs(radians * 180.0 / M_PI) << ' '
        << (radians < 0 ? negative : positive);
   return text.str();
+}
+
+/// @return the entities a --entity value names: the entity of that id, else every entity of that name.
+std::vector<UniqueID_t> entitiesNamed(const std::string& nameOrId)
+{
+  std::vector<UniqueID_t> all;
+  PIData::getObjectList(&all);
+  const bool digits = !nameOrId.empty() && std::all_of(nameOrId.begin(), nameOrId.end(), ::isdigit);
+  if (digits)
+  {
+    const UniqueID_t id = std::stoull(nameOrId);
+    if (std::find(all.begin(), all.end(), id) != all.end())
+      return {id};
+  }
+  std::vector<UniqueID_t> named;
+  for (UniqueID_t id : all)
+  {
+    if (QtSep::getEntityHeaderName(id) == nameOrId)
+      named.push_back(id);
+  }
+  return named;
+}
+
+bool writeScenario(const ScenarioStore& store, const std::string& path, kelCore::CoordinateSystem positions,
+                   std::ostream& err)
+{
+  std::string error;
+  if (ScenarioWriter(store, {positions}).writeFile(path, error))
+    return true;
+  err << "kelvor-edit: " << error << '\n';
+  return false;
 }
 
 } // namespace
@@ -51,6 +86,8 @@ int KelvorEdit::run(const std::vector<std::string>& arguments, std::ostream& out
     return convert_(rest, out, err);
   if (command == "check")
     return check_(rest, out, err);
+  if (command == "remove-duplicates")
+    return removeDuplicates_(rest, out, err);
   err << "kelvor-edit: unknown command '" << command << "'\n";
   usage_(err);
   return USAGE;
@@ -66,6 +103,10 @@ void KelvorEdit::usage_(std::ostream& out)
          "  convert IN OUT [--positions S]  read IN and write OUT as a scenario file, positions in\n"
          "                                  S: LLA (the default), ECEF, NED, NWU, ENU, XEAST or GTP\n"
          "  check FILE                      report every line that cannot be read\n"
+         "  remove-duplicates IN OUT [--entity NAME_OR_ID]...\n"
+         "                                  of each run of three or more points equal but for their\n"
+         "                                  time keep the first and last; the named entities and their\n"
+         "                                  children, or the whole scenario when none is named\n"
          "  --help                          this text\n"
          "\n"
          "Exit status: 0 success, 1 failure, 2 bad usage. Errors go to standard error as file:line: reason.\n";
@@ -140,12 +181,8 @@ int KelvorEdit::convert_(const std::vector<std::string>& args, std::ostream& out
     err << "kelvor-edit: " << files[0] << " has lines that cannot be read; nothing written\n";
     return FAILURE;
   }
-  std::string error;
-  if (!ScenarioWriter(session.store(), {positions}).writeFile(files[1], error))
-  {
-    err << "kelvor-edit: " << error << '\n';
+  if (!writeScenario(session.store(), files[1], positions, err))
     return FAILURE;
-  }
   out << "wrote " << files[1] << " (" << session.store().entityCount() << " entities, positions "
       << ScenarioVocabulary::positionSystemName(positions) << ")\n";
   return SUCCESS;
@@ -168,6 +205,73 @@ int KelvorEdit::check_(const std::vector<std::string>& args, std::ostream& out, 
   }
   out << args[0] << ": " << report.errors.size() << " of " << report.lines << " lines cannot be read\n";
   return FAILURE;
+}
+
+int KelvorEdit::removeDuplicates_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
+{
+  std::vector<std::string> files;
+  std::vector<std::string> named;
+  for (std::size_t i = 0; i < args.size(); ++i)
+  {
+    if (args[i] == "--entity")
+    {
+      if (i + 1 >= args.size())
+      {
+        err << "kelvor-edit: --entity takes a NAME or ID\n";
+        return USAGE;
+      }
+      named.push_back(args[++i]);
+    }
+    else
+      files.push_back(args[i]);
+  }
+  if (files.size() != 2)
+  {
+    err << "kelvor-edit: remove-duplicates takes IN and OUT\n";
+    return USAGE;
+  }
+  EditSession session;
+  const ReadReport report = session.open(files[0]);
+  printErrors(report, err);
+  if (!report.ok())
+  {
+    err << "kelvor-edit: " << files[0] << " has lines that cannot be read; nothing written\n";
+    return FAILURE;
+  }
+
+  std::vector<UniqueID_t> ids;
+  for (const std::string& name : named)
+  {
+    const std::vector<UniqueID_t> found = entitiesNamed(name);
+    if (found.empty())
+    {
+      err << "kelvor-edit: no entity named '" << name << "' in " << files[0] << "; nothing written\n";
+      return FAILURE;
+    }
+    ids.insert(ids.end(), found.begin(), found.end());
+  }
+  if (named.empty())
+    PIData::getObjectList(&ids);
+
+  const ScenarioStore& store = session.store();
+  std::map<UniqueID_t, std::size_t> before;
+  for (UniqueID_t id : store.list(PI_ALL_TYPES))
+    before[id] = store.entity(id)->pointCount();
+  const std::vector<UniqueID_t> reduced = QtSep::RemoveDuplicatePoints().remove(ids);
+  if (!writeScenario(store, files[1], kelCore::CoordinateSystem::LLA, err))
+    return FAILURE;
+
+  std::size_t removed = 0;
+  for (UniqueID_t id : reduced)
+  {
+    const std::size_t lost = before[id] - store.entity(id)->pointCount();
+    removed += lost;
+    out << QtSep::getEntityHeaderName(id) << " (id " << id << "): " << lost << " of " << before[id]
+        << " points removed\n";
+  }
+  out << "wrote " << files[1] << ": " << removed << " duplicate points removed from " << reduced.size()
+      << (reduced.size() == 1 ? " entity\n" : " entities\n");
+  return SUCCESS;
 }
 
 } // namespace kelvor

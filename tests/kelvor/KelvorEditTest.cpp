@@ -93,6 +93,37 @@ TEST_F(KelvorEditCommands, ConvertReadsCsvAndWritesAnySystemButNeverDropsBadLine
   EXPECT_FALSE(std::ifstream(target).good()) << "nothing is written when lines would be lost";
 }
 
+TEST_F(KelvorEditCommands, RemoveDuplicatesOnNamedEntitiesOrTheWholeScenario)
+{
+  const std::string in = file("runs.kls", "kelvor-scenario 1\nreference-year 2025\n"
+                                          "platform 1 \"A\"\npoint 1 0 35 -117 0\npoint 1 1 35 -117 0\n"
+                                          "point 1 2 35 -117 0\npoint 1 3 35 -117 0\n"
+                                          "beam 2 1 \"R\" absolute\nbeam-point 2 0 0 0 100\nbeam-point 2 1 0 0 100\n"
+                                          "beam-point 2 2 0 0 100\n"
+                                          "platform 3 \"B\"\npoint 3 0 35 -117 0\npoint 3 1 36 -117 0\n");
+  const std::string outFile = dir.filePath("out.kls").toStdString();
+
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"remove-duplicates", in, outFile, "--entity", "B"}));
+  EXPECT_NE(std::string::npos, out.str().find("0 duplicate points removed from 0 entities")) << out.str();
+
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"remove-duplicates", in, outFile, "--entity", "R"}));
+  EXPECT_NE(std::string::npos, out.str().find("R (id 2): 1 of 3 points removed")) << out.str();
+  EXPECT_EQ(std::string::npos, out.str().find("A (id")) << "the host is left alone";
+
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"remove-duplicates", in, outFile}));
+  EXPECT_NE(std::string::npos, out.str().find("A (id 1): 2 of 4 points removed")) << out.str();
+  EXPECT_NE(std::string::npos, out.str().find("3 duplicate points removed from 2 entities"));
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"info", outFile}));
+  EXPECT_NE(std::string::npos, out.str().find("points: 6")) << out.str();
+  EXPECT_NE(std::string::npos, out.str().find("time span: 0 to 3 s")) << "each run keeps its ends";
+
+  const std::string never = dir.filePath("never.kls").toStdString();
+  EXPECT_EQ(KelvorEdit::FAILURE, run({"remove-duplicates", in, never, "--entity", "Nobody"}));
+  EXPECT_NE(std::string::npos, err.str().find("no entity named 'Nobody'"));
+  EXPECT_FALSE(std::ifstream(never).good());
+  EXPECT_EQ(KelvorEdit::USAGE, run({"remove-duplicates", in, never, "--entity"}));
+}
+
 TEST(DemoScenario, TheCommittedFileIsWhatTheGeneratorMakesAndReadsClean)
 {
   ScenarioStore generated;
