@@ -2,6 +2,7 @@
 
 #include "host/CommandLineRegistration.h"
 #include "server/HostServices.h"
+#include "server/KelvorServer.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -25,7 +26,13 @@ std::string text(PluginLibrary& plugin, PIClientFunctions_t message, PIParameter
 
 } // namespace
 
-PluginLoader::PluginLoader(PISupportFunctionMap& map, HostServices& services) : map_(map), services_(services) {}
+PluginLoader::PluginLoader(KelvorServer& server, HostServices& services) : server_(server), services_(services) {}
+
+void PluginLoader::close_(PluginLibrary& plugin)
+{
+  plugin.close();
+  server_.releaseGarbage(plugin.identity());
+}
 
 PluginLoader::~PluginLoader() { closeAll(); }
 
@@ -92,7 +99,7 @@ bool PluginLoader::load(const std::string& path, const PIApp::CommandLineArgumen
 
 bool PluginLoader::start_(PluginLibrary& plugin, const PIApp::CommandLineArguments& arguments, std::string& reason)
 {
-  plugin.initialize(&map_);
+  plugin.initialize(&server_);
   PIApp::CommandLineRegistration registration;
   PIFunctionParams_t configure;
   configure.pointers[PIPN_COMMAND_LINE_REGISTRATION] = &registration;
@@ -103,7 +110,7 @@ bool PluginLoader::start_(PluginLibrary& plugin, const PIApp::CommandLineArgumen
   if (loadIn.integer(PIPN_RESULT) == 0)
   {
     reason = "does not run in this host";
-    plugin.close();
+    close_(plugin);
     return false;
   }
   PIFunctionParams_t start;
@@ -112,7 +119,7 @@ bool PluginLoader::start_(PluginLibrary& plugin, const PIApp::CommandLineArgumen
   if (start.integer(PIPN_RESULT) != 0)
   {
     reason = "declined to start";
-    plugin.close();
+    close_(plugin);
     return false;
   }
   return true;
@@ -152,7 +159,7 @@ void PluginLoader::closeAll()
 {
   while (!running_.empty())
   {
-    running_.back()->close();
+    close_(*running_.back());
     running_.pop_back();
   }
 }

@@ -12,6 +12,7 @@ namespace kelvor
 {
 
 class HostServices;
+class KelvorServer;
 
 /**
  * @brief Finds plug-ins, admits and starts them, relays the host's events to them, and
@@ -35,8 +36,8 @@ public:
     std::string apiVersion;
   };
 
-  /// @param map the host's support map @param services where refusals are notified
-  PluginLoader(PISupportFunctionMap& map, HostServices& services);
+  /// @param server the host's support map @param services where refusals are notified
+  PluginLoader(KelvorServer& server, HostServices& services);
   /// Closes every plug-in.
   ~PluginLoader();
 
@@ -65,7 +66,10 @@ private:
   bool start_(PluginLibrary& plugin, const PIApp::CommandLineArguments& arguments, std::string& reason);
   void refuse_(const std::string& path, const std::string& reason);
 
-  PISupportFunctionMap& map_;
+  /// Closes a plug-in and deletes the window wrappers it left to the host.
+  void close_(PluginLibrary& plugin);
+
+  KelvorServer& server_;
   HostServices& services_;
   std::vector<std::unique_ptr<PluginLibrary>> running_;
 };

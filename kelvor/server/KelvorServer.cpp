@@ -1,6 +1,7 @@
 #include "server/KelvorServer.h"
 
 #include "host/ContextMenuCallback.h"
+#include "host/PIObject.h"
 
 namespace kelvor
 {
@@ -15,8 +16,9 @@ KelvorServer::KelvorServer(ScenarioStore& store, HostServices& services, Registr
 {
 }
 
-std::int64_t KelvorServer::operator()(void*, PIServerFunctions_t family, void* record)
+std::int64_t KelvorServer::operator()(void* identity, PIServerFunctions_t family, void* record)
 {
+  state_.caller = identity;
   if (EntityRequests::serves(family))
     return entities_.serve(family, record);
   if (PointRequests::serves(family))
@@ -28,6 +30,19 @@ std::int64_t KelvorServer::operator()(void*, PIServerFunctions_t family, void* r
   if (ServiceRequests::serves(family))
     return services_.serve(family, record);
   return 1;
+}
+
+void KelvorServer::releaseGarbage(void* identity)
+{
+  std::vector<PIObject*> owned;
+  for (const auto& [object, owner] : state_.garbage)
+  {
+    if (owner == identity)
+      owned.push_back(object);
+  }
+  // Each wrapper takes itself off the list as it goes.
+  for (PIObject* object : owned)
+    delete object;
 }
 
 std::unique_ptr<ContextMenu> KelvorServer::buildContextMenu(int what, const std::vector<UniqueID_t>& ids)

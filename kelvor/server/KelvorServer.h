@@ -43,8 +43,11 @@ public:
   std::string iconBytes(long id) const;
   SignalService& signalService() { return state_.signalService; }
   ScenarioStore& store() { return state_.store; }
-  /// @return the window wrappers plug-ins put in the host's garbage list.
-  const std::set<PIObject*>& garbage() const { return state_.garbage; }
+  /// @return the window wrappers plug-ins put in the host's garbage list, with the identity of each one's plug-in.
+  const std::map<PIObject*, void*>& garbage() const { return state_.garbage; }
+  /// Deletes the window wrappers a plug-in left in the garbage list; called at its unload, while
+  /// its code is still loaded. @param identity the plug-in's identity at the host
+  void releaseGarbage(void* identity);
 
 private:
   ServerState state_;

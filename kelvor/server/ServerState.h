@@ -36,7 +36,7 @@ struct ServerState
   Registry& registry;
 
   std::vector<void*> overrideStack;                         ///< identities pushed by plug-ins
-  std::set<PIObject*> garbage;                              ///< window wrappers the host may delete
+  std::map<PIObject*, void*> garbage;                       ///< wrappers deleted at their plug-in's unload
   std::vector<PIKELVOR::ContextMenuCallback*> menuCallbacks; ///< in the order registered
   std::set<ContextMenu*> liveMenus;                         ///< menus being built now
   PluginMenu pluginMenu;
@@ -45,6 +45,7 @@ struct ServerState
   std::map<HostHandle*, std::unique_ptr<HostHandle>> handles; ///< every handle given out
   SignalService signalService;
   std::set<PICommon::BindingClient*> boundClients;
+  void* caller = nullptr; ///< identity of the plug-in whose request is served
 
   /// @return a new handle of kind and id, kept until destroyed.
   HostHandle* newHandle(HostHandle::Kind kind, long id)

@@ -125,10 +125,11 @@ std::int64_t ServiceRequests::garbage_(void* record)
   auto& r = *static_cast<PI_DATA_CATCHALL*>(record);
   auto* object = static_cast<PIObject*>(r.pointerAt(0));
   if (r.integerAt(0) == 0)
-    state_.garbage.insert(object);
+    state_.garbage[object] = state_.caller;
   else
     state_.garbage.erase(object);
-  // The host ends the wrappers at unload itself; the plug-in need not collect them.
+  // The host ends the wrappers at the plug-in's unload (KelvorServer::releaseGarbage); the
+  // plug-in need not collect them.
   return finish(r, true);
 }
 

@@ -64,22 +64,22 @@ EntityTreeComposite::EntityTreeComposite(QWidget* parent)
   initKelQtResources();
   registerFilterConfiguration();
   ui_->setupUi(this);
-  treeWidget_ = new EntityTreeWidget(ui_->treeView);
+  treeWidget_ = std::make_unique<EntityTreeWidget>(ui_->treeView);
 
   centerAction_ = new QAction("Center On Selection", this);
   connect(centerAction_, &QAction::triggered, this, &EntityTreeComposite::centerOnSelection_);
   toggleTreeViewAction_ = new QAction("Toggle Tree View", this);
   toggleTreeViewAction_->setCheckable(true);
   toggleTreeViewAction_->setChecked(treeWidget_->isTreeView());
-  connect(toggleTreeViewAction_, &QAction::toggled, treeWidget_, &EntityTreeWidget::toggleTreeView);
+  connect(toggleTreeViewAction_, &QAction::toggled, treeWidget_.get(), &EntityTreeWidget::toggleTreeView);
   connect(ui_->actionExpand_All, &QAction::triggered, ui_->treeView, &QTreeView::expandAll);
   connect(ui_->actionCollapse_All, &QAction::triggered, ui_->treeView, &QTreeView::collapseAll);
 
-  connect(treeWidget_, &EntityTreeWidget::itemsSelected, this, &EntityTreeComposite::itemsSelected);
-  connect(treeWidget_, &EntityTreeWidget::itemDoubleClicked, this, &EntityTreeComposite::itemDoubleClicked);
-  connect(treeWidget_, &EntityTreeWidget::numFilteredItemsChanged, this,
+  connect(treeWidget_.get(), &EntityTreeWidget::itemsSelected, this, &EntityTreeComposite::itemsSelected);
+  connect(treeWidget_.get(), &EntityTreeWidget::itemDoubleClicked, this, &EntityTreeComposite::itemDoubleClicked);
+  connect(treeWidget_.get(), &EntityTreeWidget::numFilteredItemsChanged, this,
           &EntityTreeComposite::setNumFilteredItemsLabel_);
-  connect(treeWidget_, &EntityTreeWidget::treeViewChanged, this, [this](bool useTree) {
+  connect(treeWidget_.get(), &EntityTreeWidget::treeViewChanged, this, [this](bool useTree) {
     toggleTreeViewAction_->setChecked(useTree);
     emit treeViewChanged(useTree);
   });

@@ -150,7 +150,8 @@ private:
   void emitFilterSettings_();
 
   std::unique_ptr<Ui::EntityTreeComposite> ui_;
-  EntityTreeWidget* treeWidget_;
+  // Goes before the view it controls, which it detaches from its proxy.
+  std::unique_ptr<EntityTreeWidget> treeWidget_;
   AbstractEntityTreeModel* model_ = nullptr;
   EntityNameFilter* nameFilter_ = nullptr;
   std::vector<EntityFilter*> filters_;

@@ -2,6 +2,7 @@
 #include "host/CommandLineArguments.h"
 #include "host/PIApplicationEvents.h"
 #include "host/PIData.h"
+#include "host/PluginExports.h"
 #include "plugin/ActionManager.h"
 #include "plugin/MainDialog.h"
 #include "plugin/QtScenarioEditorPlugin.h"
@@ -24,6 +25,9 @@ protected:
   void TearDown() override
   {
     plugin.Close();
+    // What the host does after Close: the menu item, its icon and its command go.
+    SPI_CleanUpPlugin();
+    server.releaseGarbage(&identity);
     ServerFixture::TearDown();
   }
 
@@ -161,6 +165,10 @@ TEST_F(PluginLifecycle, CloseUnhooksAndDeletesInOrder)
   ASSERT_NE(nullptr, plugin.mainDialog());
   EXPECT_EQ(0, plugin.Close());
   EXPECT_EQ(0u, server.contextMenuCallbackCount());
+  SPI_CleanUpPlugin();
+  server.releaseGarbage(&identity);
+  EXPECT_TRUE(server.pluginMenu().items().empty()) << "the unload takes the menu item away";
+  EXPECT_TRUE(server.garbage().empty());
   EXPECT_EQ(nullptr, plugin.mainDialog());
   EXPECT_EQ(nullptr, plugin.actionManager());
   plugin.listenToEvents(PI_EVENT_SCENARIO_RESET, nullptr); // nothing left to reach
