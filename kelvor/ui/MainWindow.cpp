@@ -62,6 +62,7 @@ MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* pare
   addDockWidget(Qt::BottomDockWidgetArea, notifications_);
   addToolBar(Qt::BottomToolBarArea, clockBar_);
   toast_->setStyleSheet("background: rgba(30,30,30,220); color: white; padding: 8px; border-radius: 6px;");
+  toast_->setObjectName("toast");
   toast_->hide();
   refreshTimer_->setSingleShot(true);
   refreshTimer_->setInterval(50);

@@ -1,0 +1,133 @@
+// KELVOR Lite with the real Scenario Editor plug-in: one command from the user's click to the
+// store and back to the views.
+#include "app/HostApplication.h"
+#include "store/ScenarioStore.h"
+#include "ui/DataBrowser.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDockWidget>
+#include <QLabel>
+#include <QMenu>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+using namespace kelvor;
+
+namespace
+{
+
+const QString DEMO = QString(SEP_SOURCE_DIR) + "/data/demo.kls";
+const char* const TRACK = "Tanker 4"; // a recorder that held each position for four samples
+
+class ScenarioEditorEndToEnd : public ::testing::Test
+{
+protected:
+  void SetUp() override
+  {
+    host = std::make_unique<HostApplication>(dir.filePath("registry.ini").toStdString());
+    host->window().show();
+    ASSERT_EQ(1u, host->loadPlugins({SCENARIO_EDITOR_PLUGIN_DIR}, PIApp::CommandLineArguments({"kelvor"})));
+    ASSERT_TRUE(host->window().openFile(DEMO));
+  }
+  void TearDown() override { host.reset(); }
+
+  UniqueID_t trackId() const { return host->store().findPlatform(TRACK); }
+  std::size_t trackPoints() const { return host->store().entity(trackId())->pointCount(); }
+
+  QString dataBrowserPoints() const
+  {
+    QTreeWidget* tree = host->window().dataBrowser()->tree();
+    const QList<QTreeWidgetItem*> rows = tree->findItems(TRACK, Qt::MatchExactly | Qt::MatchRecursive);
+    return rows.isEmpty() ? QString() : rows.front()->text(3);
+  }
+
+  /// Runs the plug-in's menu item and returns its editor window.
+  QDockWidget* openEditor()
+  {
+    for (QAction* item : host->window().pluginMenu()->actions())
+    {
+      if (item->text() == "Scenario Editor...")
+        item->trigger();
+    }
+    return host->window().findChild<QDockWidget*>("ScenarioEditorMainDialog");
+  }
+
+  /// Selects the track in the editor's tree and chooses a command of its right-click menu,
+  /// accepting the question that follows. @return the menu's texts
+  QStringList chooseFromTreeMenu(QTreeView& tree, const QString& command)
+  {
+    const QModelIndexList found = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, TRACK, 1,
+                                                      Qt::MatchExactly | Qt::MatchRecursive);
+    if (found.isEmpty())
+      return {};
+    tree.selectionModel()->select(found.front(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    emit tree.customContextMenuRequested(tree.visualRect(found.front()).center());
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu)
+      return {};
+    QStringList texts;
+    QAction* chosen = nullptr;
+    for (QAction* action : menu->actions())
+    {
+      texts << (action->isSeparator() ? QString("---") : action->text());
+      if (action->text() == command)
+        chosen = action;
+    }
+    if (chosen)
+    {
+      QTimer::singleShot(200, [] {
+        if (auto* question = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+          question->accept();
+      });
+      menu->close();
+      chosen->trigger();
+    }
+    return texts;
+  }
+
+  QTemporaryDir dir;
+  std::unique_ptr<HostApplication> host;
+};
+
+} // namespace
+
+TEST_F(ScenarioEditorEndToEnd, RemoveDuplicatePointsFromTheEditorsTreeMenu)
+{
+  ASSERT_NE(0u, trackId());
+  const std::size_t before = trackPoints();
+  EXPECT_EQ(60u, before);
+  EXPECT_EQ("60", dataBrowserPoints());
+
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  EXPECT_TRUE(editor->isVisible());
+  EXPECT_EQ("Qt Scenario Editor", editor->windowTitle());
+  auto* tree = editor->findChild<QTreeView*>("treeView");
+  ASSERT_NE(nullptr, tree);
+
+  const QStringList menu = chooseFromTreeMenu(*tree, "Remove Duplicate Points...");
+  ASSERT_TRUE(menu.contains("Remove Duplicate Points...")) << menu.join(", ").toStdString();
+  EXPECT_LT(menu.indexOf("Remove Duplicate Points..."), menu.indexOf("&Copy")) << "the actions come first";
+
+  // Fifteen runs of four equal points each keep their first and last.
+  EXPECT_EQ(30u, trackPoints());
+  auto* toast = host->window().findChild<QLabel*>("toast");
+  ASSERT_NE(nullptr, toast);
+  EXPECT_TRUE(toast->isVisible());
+  EXPECT_EQ("Points Removed", toast->text());
+  EXPECT_TRUE(host->window().isModified());
+  for (int waited = 0; dataBrowserPoints() != "30" && waited < 2000; waited += 50)
+    QTest::qWait(50);
+  EXPECT_EQ("30", dataBrowserPoints()) << "the Data Browser refreshed";
+  const QModelIndexList row = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, TRACK, 1,
+                                                   Qt::MatchExactly | Qt::MatchRecursive);
+  ASSERT_FALSE(row.isEmpty());
+  EXPECT_EQ("30", row.front().sibling(row.front().row(), 3).data().toString()) << "the editor's tree follows";
+}
