@@ -54,6 +54,18 @@ std::vector<UniqueID_t> entitiesNamed(const std::string& nameOrId)
   return named;
 }
 
+/// Opens a file for a command that writes it again. @return false, after saying why, when any line cannot be read
+bool openWhole(EditSession& session, const std::string& path, std::ostream& err)
+{
+  const ReadReport report = session.open(path);
+  printErrors(report, err);
+  if (report.ok())
+    return true;
+  // Writing would drop the lines that could not be read.
+  err << "kelvor-edit: " << path << " has lines that cannot be read; nothing written\n";
+  return false;
+}
+
 bool writeScenario(const ScenarioStore& store, const std::string& path, kelCore::CoordinateSystem positions,
                    std::ostream& err)
 {
@@ -173,14 +185,8 @@ int KelvorEdit::convert_(const std::vector<std::string>& args, std::ostream& out
     return USAGE;
   }
   EditSession session;
-  const ReadReport report = session.open(files[0]);
-  printErrors(report, err);
-  if (!report.ok())
-  {
-    // Writing would drop the lines that could not be read.
-    err << "kelvor-edit: " << files[0] << " has lines that cannot be read; nothing written\n";
+  if (!openWhole(session, files[0], err))
     return FAILURE;
-  }
   if (!writeScenario(session.store(), files[1], positions, err))
     return FAILURE;
   out << "wrote " << files[1] << " (" << session.store().entityCount() << " entities, positions "
@@ -231,13 +237,8 @@ int KelvorEdit::removeDuplicates_(const std::vector<std::string>& args, std::ost
     return USAGE;
   }
   EditSession session;
-  const ReadReport report = session.open(files[0]);
-  printErrors(report, err);
-  if (!report.ok())
-  {
-    err << "kelvor-edit: " << files[0] << " has lines that cannot be read; nothing written\n";
+  if (!openWhole(session, files[0], err))
     return FAILURE;
-  }
 
   std::vector<UniqueID_t> ids;
   for (const std::string& name : named)

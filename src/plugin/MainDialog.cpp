@@ -162,20 +162,20 @@ int MainDialog::handleMouseEvent(PIGUI::PIMouseEventType_t type, const PIGUI::PI
 
 int MainDialog::startPointEdit(const QList<unsigned long>& ids)
 {
-  TabWidget* pointEditor = tab(POINT_EDITOR_TAB);
-  if (!pointEditor)
-    return 1;
-  tabWidget_->setCurrentWidget(pointEditor);
-  entityTreeComposite_->setSelected(ids);
-  return 0;
+  return startTab_(POINT_EDITOR_TAB, ids);
 }
 
 int MainDialog::startManualMerge(const QList<unsigned long>& ids)
 {
-  TabWidget* manualMerge = tab(MANUAL_MERGE_TAB);
-  if (!manualMerge)
+  return startTab_(MANUAL_MERGE_TAB, ids);
+}
+
+int MainDialog::startTab_(const QString& title, const QList<unsigned long>& ids)
+{
+  TabWidget* started = tab(title);
+  if (!started)
     return 1;
-  tabWidget_->setCurrentWidget(manualMerge);
+  tabWidget_->setCurrentWidget(started);
   entityTreeComposite_->setSelected(ids);
   return 0;
 }

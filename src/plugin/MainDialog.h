@@ -97,6 +97,8 @@ private:
   void buildTree_();
   void buildTabs_();
   void listenToModified_();
+  /// Makes the tab of that title current with the entities selected. @return 0, or 1 without such a tab
+  int startTab_(const QString& title, const QList<unsigned long>& ids);
   void updateRightClickMenu_(QMenu* menu);
   void updateMenuInfoToMenu_(const std::vector<MenuInfo*>& items, QMenu* menu, QAction* before);
   void setSelectedEntity_(unsigned long id);
