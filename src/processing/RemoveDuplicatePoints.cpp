@@ -83,15 +83,16 @@ bool reducePoints(UniqueID_t id)
     points.size(), [&points](std::size_t i) { return equalExceptTime(points[i], points[i + 1]); });
   if (std::find(keep.begin(), keep.end(), false) == keep.end())
     return false;
-  std::vector<Point> kept;
-  kept.reserve(points.size());
+  // One pass closes the gaps in place: a track of millions of points is not copied again.
+  std::size_t kept = 0;
   for (std::size_t i = 0; i < points.size(); ++i)
   {
     if (keep[i])
-      kept.push_back(points[i]);
+      points[kept++] = points[i];
   }
+  points.resize(kept);
   PIData::flushEntityData(id, PIData::FLUSH_POINTS);
-  writeBack(id, kept);
+  writeBack(id, points);
   return true;
 }
 
