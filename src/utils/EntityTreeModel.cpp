@@ -43,7 +43,9 @@ std::vector<ChildKind> childKindsOf(PIScenarioObjectType_t hostType)
       {PI_LASER_TYPE, PIData::getLaserList}, {PI_LOB_GROUP_TYPE, PIData::getLobList},
       {PI_PROJECTOR_TYPE, PIData::getProjectorList}};
   case PI_BEAM_TYPE:
-    return {{PI_GATE_TYPE, PIData::getGateList}, {PI_PROJECTOR_TYPE, PIData::getProjectorList}};
+    // A beam may host a custom rendering too, such as a drawn cone.
+    return {{PI_GATE_TYPE, PIData::getGateList}, {PI_PROJECTOR_TYPE, PIData::getProjectorList},
+      {PI_CUSTOM_RENDERING_TYPE, PIData::getCustomRenderingList}};
   default:
     return {};
   }

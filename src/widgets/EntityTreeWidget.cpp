@@ -53,6 +53,7 @@ void EntityTreeWidget::setModel(AbstractEntityTreeModel* model)
   view_->setModel(proxy.get());
   proxy_ = std::move(proxy);
   view_->setSortingEnabled(true);
+  view_->sortByColumn(0, Qt::AscendingOrder);
   connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &EntityTreeWidget::delaySend_);
   auto recount = [this] {
     if (!countTimer_->isActive())

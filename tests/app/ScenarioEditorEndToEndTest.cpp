@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
 #include <QDockWidget>
 #include <QLabel>
 #include <QMenu>
@@ -130,4 +131,7 @@ TEST_F(ScenarioEditorEndToEnd, RemoveDuplicatePointsFromTheEditorsTreeMenu)
                                                    Qt::MatchExactly | Qt::MatchRecursive);
   ASSERT_FALSE(row.isEmpty());
   EXPECT_EQ("30", row.front().sibling(row.front().row(), 3).data().toString()) << "the editor's tree follows";
+
+  QDir().mkpath(TEST_OUTPUT_DIR);
+  EXPECT_TRUE(host->window().grab().save(QString(TEST_OUTPUT_DIR) + "/scenario-editor.png"));
 }

@@ -71,8 +71,13 @@ TEST_F(EntityTree, BuildsHostsWithTheirChildrenOrAFlatList)
   EXPECT_EQ("End Time", model.headerData(5, Qt::Horizontal).toString());
   EXPECT_EQ(int(Qt::AlignCenter), model.headerData(3, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
 
+  PIData::PICustomRenderingHeader coneHeader;
+  const UniqueID_t cone = PIData::createCustomRendering(beam, &coneHeader);
+  model.forceRefresh();
+  EXPECT_EQ(model.indexOf(beam), model.parent(model.indexOf(cone))) << "a beam hosts renderings too";
+
   model.setToListView();
-  EXPECT_EQ(3, model.rowCount());
+  EXPECT_EQ(4, model.rowCount());
   EXPECT_FALSE(model.parent(model.indexOf(gate)).isValid());
   EXPECT_EQ(0, model.rowCount(model.indexOf(platform)));
 }
