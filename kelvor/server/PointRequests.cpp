@@ -9,6 +9,9 @@
 #include "server/ServerState.h"
 #include "store/ScenarioStore.h"
 
+#include <algorithm>
+#include <set>
+
 namespace kelvor
 {
 
@@ -236,16 +239,24 @@ std::int64_t PointRequests::getGeneric_(void* record)
   auto* out = static_cast<std::vector<PIData::PIGenericDataPoint>*>(r.pointer2);
   if (!e || !out)
     return done(r, false);
-  const bool all = r.status == -1;
   out->clear();
-  for (const auto& item : e->generic)
+  if (r.status == -1)
   {
-    // In force: begun at or before the time (a static item always), and not yet expired.
+    out->assign(e->generic.begin(), e->generic.end());
+    return done(r, true);
+  }
+  // In force: begun at or before the time (a static item always), not yet expired, and not
+  // superseded by a later item of the same tag. Walked from the latest so the first of a tag wins.
+  std::set<std::string> tags;
+  for (auto it = e->generic.rbegin(); it != e->generic.rend(); ++it)
+  {
+    const auto& item = *it;
     const bool begun = item.time == -1.0 || item.time <= r.time;
     const bool expired = item.expiration >= 0.0 && item.time >= 0.0 && r.time > item.time + item.expiration;
-    if (all || (begun && !expired))
+    if (begun && !expired && tags.insert(item.tag).second)
       out->push_back(item);
   }
+  std::reverse(out->begin(), out->end());
   return done(r, true);
 }
 

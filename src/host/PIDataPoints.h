@@ -55,7 +55,7 @@ int getDataPoint(UniqueID_t id, double time, PIProjectorPoint* point, PIDataRetr
 
 /// Reads every item of generic data of the entity. @return 0 for success
 int getDataPoints(UniqueID_t id, std::vector<PIGenericDataPoint>* items);
-/// Reads the items of generic data in force at time: begun, and not expired. @return 0 for success
+/// Reads the items of generic data in force at time: begun, not expired, and the latest of each tag. @return 0 for success
 int getDataPoints(UniqueID_t id, double time, std::vector<PIGenericDataPoint>* items);
 
 /// Target commands as pairs of time and target id. @return 0 for success
