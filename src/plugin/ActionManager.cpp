@@ -3,6 +3,7 @@
 #include "host/PIClockMode.h"
 #include "host/PIDataClock.h"
 #include "host/PIDataScenario.h"
+#include "actions/MergeAction.h"
 #include "actions/RemoveDuplicatePointsAction.h"
 #include "host/PIKELVOR.h"
 #include "plugin/ActionUtilities.h"
@@ -22,6 +23,7 @@ constexpr int CLOSING_RULE_WEIGHT = 205;
 ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
 {
   // In the order of the command table; the actions of commands still to come join in their places.
+  actions_.push_back(std::make_unique<MergeAction>(parent));
   actions_.push_back(std::make_unique<RemoveDuplicatePointsAction>(parent));
 }
 

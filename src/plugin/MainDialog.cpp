@@ -1,6 +1,7 @@
 #include "plugin/MainDialog.h"
 
 #include "host/ServiceClient.h"
+#include "merge/AutomaticMergeWidget.h"
 #include "plugin/ActionManager.h"
 #include "plugin/MenuInfo.h"
 #include "plugin/MiscellaneousWidget.h"
@@ -31,6 +32,7 @@ const char* const MainDialog::TREE_FILTERS_KEY = "Private/ScenarioEditor/EntityT
 namespace
 {
 
+const char* const AUTO_MERGE_TAB = "Auto Merge";
 const char* const MISCELLANEOUS_TAB = "Miscellaneous";
 // The tree takes about a third of the window at first.
 const int TREE_WIDTH = 300;
@@ -97,6 +99,7 @@ void MainDialog::buildTree_()
 
 void MainDialog::buildTabs_()
 {
+  addTab(new AutomaticMergeWidget, AUTO_MERGE_TAB);
   auto* miscellaneous = new MiscellaneousWidget;
   connect(miscellaneous, &MiscellaneousWidget::unitsChanged, this, &MainDialog::applyUnitsChange_);
   addTab(miscellaneous, MISCELLANEOUS_TAB);
@@ -104,7 +107,7 @@ void MainDialog::buildTabs_()
 
 QStringList MainDialog::tabTitles()
 {
-  return {MISCELLANEOUS_TAB};
+  return {AUTO_MERGE_TAB, MISCELLANEOUS_TAB};
 }
 
 void MainDialog::addTab(TabWidget* tab, const QString& title)
