@@ -5,8 +5,6 @@
 #include "plugin/ActionUtilities.h"
 #include "processing/RemoveDuplicatePoints.h"
 
-#include <QAction>
-
 #include <algorithm>
 
 namespace QtSep
@@ -14,41 +12,20 @@ namespace QtSep
 
 const char* const RemoveDuplicatePointsAction::CONFIRM_KEY = "ConfirmRemoveDuplicatePoints";
 
-namespace
-{
-
-const char* const TEXT = "Remove Duplicate Points";
-
-} // namespace
-
+// Offered only in the plug-in's own entity menus.
 RemoveDuplicatePointsAction::RemoveDuplicatePointsAction(QWidget* parent)
-  : parent_(parent), action_(new QAction(TEXT, this))
+  : CommandAction(parent, "Remove Duplicate Points", CONFIRM_KEY, WEIGHT, false)
 {
-  connect(action_, &QAction::triggered, this, &RemoveDuplicatePointsAction::removeDuplicatePoints_);
 }
 
-RemoveDuplicatePointsAction::~RemoveDuplicatePointsAction() = default;
-
-void RemoveDuplicatePointsAction::menuRequested(const std::vector<EntityInfo>& entities, std::vector<MenuInfo*>& items)
+int RemoveDuplicatePointsAction::run_()
 {
-  entities_ = entities;
-  action_->setText(QString::fromStdString(addEllipsisIfConfirm(TEXT, CONFIRM_KEY)));
-  items.push_back(new ActionInfo(action_, WEIGHT));
-}
-
-void RemoveDuplicatePointsAction::removeDuplicatePoints_()
-{
-  if (entities_.empty())
-    return;
-  if (verifyAction(TEXT, "Remove duplicate points from the selected entities?", CONFIRM_KEY, parent_) != 0)
-  {
-    entities_.clear();
-    return;
-  }
+  if (!confirm_("Remove Duplicate Points", "Remove duplicate points from the selected entities?"))
+    return 0;
   std::vector<UniqueID_t> ids;
-  for (const EntityInfo& entity : entities_)
+  for (const EntityInfo& entity : selection())
     ids.push_back(entity.id);
-  const bool wholeScenario = std::any_of(entities_.begin(), entities_.end(),
+  const bool wholeScenario = std::any_of(selection().begin(), selection().end(),
                                          [](const EntityInfo& entity) { return (entity.type & PI_ALL_TYPES) != 0; });
   if (wholeScenario)
   {
@@ -66,7 +43,7 @@ void RemoveDuplicatePointsAction::removeDuplicatePoints_()
   else
     PICommon::showToastNotification("No Points Removed", PICommon::TOAST_MEDIUM);
   PICommon::endWaitCursor();
-  entities_.clear();
+  return 0;
 }
 
 } // namespace QtSep

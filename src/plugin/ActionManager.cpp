@@ -3,8 +3,12 @@
 #include "host/PIClockMode.h"
 #include "host/PIDataClock.h"
 #include "host/PIDataScenario.h"
+#include "actions/DeleteAction.h"
+#include "actions/DeleteScenarioAction.h"
+#include "actions/ExtendLifeAction.h"
 #include "actions/MergeAction.h"
 #include "actions/RemoveDuplicatePointsAction.h"
+#include "actions/RenameAction.h"
 #include "host/PIKELVOR.h"
 #include "plugin/ActionUtilities.h"
 
@@ -23,8 +27,12 @@ constexpr int CLOSING_RULE_WEIGHT = 205;
 ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
 {
   // In the order of the command table; the actions of commands still to come join in their places.
+  actions_.push_back(std::make_unique<DeleteAction>(parent));
+  actions_.push_back(std::make_unique<DeleteScenarioAction>(parent));
+  actions_.push_back(std::make_unique<ExtendLifeAction>(parent));
   actions_.push_back(std::make_unique<MergeAction>(parent));
   actions_.push_back(std::make_unique<RemoveDuplicatePointsAction>(parent));
+  actions_.push_back(std::make_unique<RenameAction>(parent));
 }
 
 ActionManager::~ActionManager() = default;

@@ -78,7 +78,9 @@ protected:
 
 TEST_F(ActionFramework, BothMenusAskEveryActionAndSortByWeight)
 {
-  EXPECT_EQ((std::vector<std::string>{"High", "Remove Duplicate Points...", "Low", "Tie"}), ownMenu({platform}))
+  EXPECT_EQ((std::vector<std::string>{"High", "Rename...", "Delete...", "Extend Life...", "Remove Duplicate Points...",
+                                      "Low", "Tie"}),
+            ownMenu({platform}))
       << "the manager's own actions sort among the others; equal weights keep their order";
   ASSERT_EQ(1u, low->seen.size());
   EXPECT_EQ((EntityInfo{platform, PI_PLATFORM_TYPE, "Eagle"}), low->seen[0]);
@@ -111,12 +113,14 @@ TEST_F(ActionFramework, TheHostsMenuGetsTheItemsAndAClosingRuleOnlyWhenTheClockI
   std::vector<std::string> order;
   for (const auto* entry : menu->sorted())
     order.push_back(entry->kind == kelvor::ContextMenu::Entry::SEPARATOR ? "---" : entry->text);
-  EXPECT_EQ((std::vector<std::string>{"---", "High", "Low", "Tie"}), order) << "the rule sits at weight 205";
+  EXPECT_EQ((std::vector<std::string>{"---", "High", "Delete...", "Low", "Tie"}), order)
+      << "the rule sits at weight 205; of the manager's own actions only Delete takes a beam with a platform";
   EXPECT_EQ(2u, high->seen.size());
 
   manager.setEnableDialogActions(false);
-  EXPECT_EQ(1u, server.buildContextMenu(PIKELVOR::CLICKED_ENTITY_LIST, {platform})->entries().size())
-      << "disabled dialog actions offer nothing; the rule stays";
+  auto withoutDialogs = server.buildContextMenu(PIKELVOR::CLICKED_ENTITY_LIST, {platform});
+  EXPECT_EQ(nullptr, withoutDialogs->findItem("High")) << "disabled dialog actions offer nothing";
+  EXPECT_NE(nullptr, withoutDialogs->findItem("Delete...")) << "the manager's own actions still do";
 
   PIData::clockSetMode(PI_CLOCK_LIVE, -1.0);
   EXPECT_TRUE(server.buildContextMenu(PIKELVOR::CLICKED_ENTITY_LIST, {platform})->entries().empty());

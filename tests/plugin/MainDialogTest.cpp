@@ -207,7 +207,9 @@ TEST_F(EditorWindow, TreeMenuLeadsWithTheActionsSortedByWeight)
   QStringList texts;
   for (QAction* action : menu->actions())
     texts << (action->isSeparator() ? "-" : action->text());
-  EXPECT_EQ((QStringList{"Group", "-", "Remove Duplicate Points...", "Late", "-", "&Copy"}), texts.mid(0, 6));
+  EXPECT_EQ((QStringList{"Group", "-", "Remove Duplicate Points...", "Delete Scenario...", "Late", "-", "&Copy"}),
+            texts.mid(0, 7))
+      << "no selection stands for the scenario";
   ASSERT_NE(nullptr, menu->actions().at(0)->menu());
   EXPECT_EQ("Inner", menu->actions().at(0)->menu()->actions().at(0)->text());
 
