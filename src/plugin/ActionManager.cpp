@@ -9,6 +9,7 @@
 #include "actions/MergeAction.h"
 #include "actions/RemoveDuplicatePointsAction.h"
 #include "actions/RenameAction.h"
+#include "actions/VelocityAction.h"
 #include "host/PIKELVOR.h"
 #include "plugin/ActionUtilities.h"
 
@@ -33,6 +34,7 @@ ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
   actions_.push_back(std::make_unique<MergeAction>(parent));
   actions_.push_back(std::make_unique<RemoveDuplicatePointsAction>(parent));
   actions_.push_back(std::make_unique<RenameAction>(parent));
+  actions_.push_back(std::make_unique<VelocityAction>(parent));
 }
 
 ActionManager::~ActionManager() = default;

@@ -79,7 +79,7 @@ protected:
 TEST_F(ActionFramework, BothMenusAskEveryActionAndSortByWeight)
 {
   EXPECT_EQ((std::vector<std::string>{"High", "Rename...", "Delete...", "Extend Life...", "Remove Duplicate Points...",
-                                      "Low", "Tie"}),
+                                      "Velocity Filtering...", "Low", "Tie"}),
             ownMenu({platform}))
       << "the manager's own actions sort among the others; equal weights keep their order";
   ASSERT_EQ(1u, low->seen.size());
