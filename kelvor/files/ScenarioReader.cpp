@@ -695,11 +695,14 @@ std::string ScenarioReader::custom_(const Tokens& t)
   std::int64_t id = 0;
   Entity* host = nullptr;
   PIData::PICustomRenderingHeader header;
-  for (auto error : {integer_(t, 1, "ID", id), entity_(t, 2, PI_PLATFORM_TYPE | PI_BEAM_TYPE, host),
+  // HOST 0 is the scenario itself: the rendering stands alone.
+  const bool standsAlone = t.size() > 2 && t[2] == "0";
+  for (auto error : {integer_(t, 1, "ID", id),
+                     standsAlone ? std::string() : entity_(t, 2, PI_PLATFORM_TYPE | PI_BEAM_TYPE, host),
                      text_(t, 3, "NAME", header.name), text_(t, 4, "RENDERER", header.renderer)})
     if (!error.empty())
       return error;
-  return newEntity_(header, host->id, id);
+  return newEntity_(header, host ? host->id : 0, id);
 }
 
 std::string ScenarioReader::alias_(const Tokens& t)

@@ -59,7 +59,8 @@ public:
   void write(const Entity& e)
   {
     const std::string id = fileId(e.id);
-    const std::string host = e.host ? fileId(e.host) : std::string();
+    // Host 0 is the scenario: only a custom rendering stands alone.
+    const std::string host = e.host ? fileId(e.host) : std::string("0");
     std::visit([&](const auto& h) { writeHeader(h, id, host); }, e.header);
     if (!e.alias.empty() || e.useAlias)
       out_ << "alias " << id << ' ' << q(e.alias) << (e.useAlias ? " shown" : "") << '\n';

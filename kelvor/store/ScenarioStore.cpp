@@ -14,6 +14,9 @@ bool ScenarioStore::canHost_(UniqueID_t host, PIScenarioObjectType_t kind) const
 {
   if (kind == PI_PLATFORM_TYPE)
     return host == 0;
+  // A custom rendering may also stand by itself in the scenario.
+  if (kind == PI_CUSTOM_RENDERING_TYPE && host == 0)
+    return true;
   const Entity* parent = entity(host);
   if (!parent)
     return false;

@@ -3,6 +3,7 @@
 #include "host/PIClockMode.h"
 #include "host/PIDataClock.h"
 #include "host/PIDataScenario.h"
+#include "actions/AddEntityAction.h"
 #include "actions/DeleteAction.h"
 #include "actions/DeleteScenarioAction.h"
 #include "actions/ExtendLifeAction.h"
@@ -28,6 +29,9 @@ constexpr int CLOSING_RULE_WEIGHT = 205;
 ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
 {
   // In the order of the command table; the actions of commands still to come join in their places.
+  auto addEntity = std::make_unique<AddEntityAction>(parent);
+  connect(addEntity.get(), &AddEntityAction::entityAdded, this, &ActionManager::entityAdded);
+  actions_.push_back(std::move(addEntity));
   actions_.push_back(std::make_unique<DeleteAction>(parent));
   actions_.push_back(std::make_unique<DeleteScenarioAction>(parent));
   actions_.push_back(std::make_unique<ExtendLifeAction>(parent));

@@ -50,6 +50,7 @@ projector 70 10 "Camera"
 projector-fov 70 4 30
 projector-state 70 4 on
 custom 80 30 "Cone" "Ribbon"
+custom 90 0 "Range Fan" "Custom Line"
 state 10 0 on
 color 10 0 0xFF0000FF
 target 30 1 20
@@ -94,7 +95,7 @@ TEST(ScenarioFile, EveryCommandReadsAndTheSecondWriteIsTheSameText)
   ScenarioStore first;
   const ReadReport report = readInto(first, EVERY_COMMAND);
   ASSERT_TRUE(report.ok()) << (report.errors.empty() ? "" : report.errors[0]);
-  EXPECT_EQ(8u, report.entities);
+  EXPECT_EQ(9u, report.entities) << "a custom rendering may stand alone, with host 0";
   const std::string written = writeToText(first);
 
   ScenarioStore second;

@@ -63,7 +63,10 @@ protected:
     std::vector<std::string> texts;
     for (MenuInfo* item : items)
     {
-      texts.push_back(static_cast<ActionInfo*>(item)->action()->text().toStdString());
+      if (auto* submenu = dynamic_cast<SubmenuInfo*>(item))
+        texts.push_back(submenu->text());
+      else
+        texts.push_back(static_cast<ActionInfo*>(item)->action()->text().toStdString());
       delete item;
     }
     return texts;
@@ -79,7 +82,7 @@ protected:
 TEST_F(ActionFramework, BothMenusAskEveryActionAndSortByWeight)
 {
   EXPECT_EQ((std::vector<std::string>{"High", "Rename...", "Delete...", "Extend Life...", "Remove Duplicate Points...",
-                                      "Velocity Filtering...", "Low", "Tie"}),
+                                      "Velocity Filtering...", "Low", "Tie", "Add Entity"}),
             ownMenu({platform}))
       << "the manager's own actions sort among the others; equal weights keep their order";
   ASSERT_EQ(1u, low->seen.size());

@@ -207,8 +207,8 @@ TEST_F(EditorWindow, TreeMenuLeadsWithTheActionsSortedByWeight)
   QStringList texts;
   for (QAction* action : menu->actions())
     texts << (action->isSeparator() ? "-" : action->text());
-  EXPECT_EQ((QStringList{"Group", "-", "Remove Duplicate Points...", "Delete Scenario...", "Late", "-", "&Copy"}),
-            texts.mid(0, 7))
+  EXPECT_EQ("Group|-|Remove Duplicate Points...|Add Entity|Delete Scenario...|Late|-|&Copy",
+            texts.mid(0, 8).join('|').toStdString())
       << "no selection stands for the scenario";
   ASSERT_NE(nullptr, menu->actions().at(0)->menu());
   EXPECT_EQ("Inner", menu->actions().at(0)->menu()->actions().at(0)->text());
