@@ -81,8 +81,8 @@ protected:
 
 TEST_F(ActionFramework, BothMenusAskEveryActionAndSortByWeight)
 {
-  EXPECT_EQ((std::vector<std::string>{"High", "Rename...", "Delete...", "Extend Life...", "Remove Duplicate Points...",
-                                      "Velocity Filtering...", "Low", "Tie", "Add Entity"}),
+  EXPECT_EQ((std::vector<std::string>{"High", "Rename...", "Delete...", "Extend Life...", "Decimate...",
+                                      "Remove Duplicate Points...", "Velocity Filtering...", "Low", "Tie", "Add Entity"}),
             ownMenu({platform}))
       << "the manager's own actions sort among the others; equal weights keep their order";
   ASSERT_EQ(1u, low->seen.size());

@@ -1,4 +1,7 @@
+#include "actions/DecimateAction.h"
+#include "actions/DecimateDialog.h"
 #include "host/PIData.h"
+#include "host/PURegistry.h"
 #include "processing/ByPointDecimation.h"
 #include "processing/ByTimeDecimation.h"
 #include "processing/CullAngleDecimation.h"
@@ -209,4 +212,66 @@ TEST_F(DecimatingPlatforms, AppendingToTheSourceSwapsTheNames)
   EXPECT_EQ("Hawk_orig", header.name);
   EXPECT_EQ(" Dist: Hawk (1000m)", byDistance.auditText("Hawk_orig"));
   EXPECT_EQ(" Dist: _orig (1000m)", byDistance.auditText("_orig")) << "not longer than the ending";
+}
+
+TEST_F(DecimatingPlatforms, TheCommandPassesOverStaticPlatformsAndStopsWhenCancelled)
+{
+  const UniqueID_t hawk = platform("Hawk", 10);
+  const UniqueID_t heron = platform("Heron", 10);
+  PIData::PIPlatformHeader header;
+  header.name = "Site";
+  PIData::PIPlatformPoint fixed;
+  fixed.time = -1.0;
+  fixed.position = {0.5, -2.0, 0.0};
+  const UniqueID_t site = PIData::createPlatform(&header, &fixed);
+  ByPointDecimation byPoint;
+  byPoint.setKeepEveryNumPoints(2);
+  const std::size_t before = store.entityCount();
+
+  DecimateAction::decimatePlatforms({EntityInfo{site, PI_PLATFORM_TYPE, "Site"}, EntityInfo{hawk, PI_PLATFORM_TYPE, "Hawk"}},
+                                    byPoint);
+  EXPECT_EQ(before + 1, store.entityCount()) << "one copy, of Hawk";
+  ASSERT_FALSE(services.notifications.empty());
+  EXPECT_EQ("Decimation skipping static platform Site\n", services.notifications.front().first);
+  const UniqueID_t copy = store.findPlatform("Hawk (Pnt 2)");
+  ASSERT_NE(0u, copy);
+  std::vector<PIData::PIGenericDataPoint> audit;
+  PIData::getDataPoints(copy, &audit);
+  ASSERT_EQ(1u, audit.size());
+  EXPECT_EQ("Pnts: Hawk (2p)", audit[0].value);
+
+  services.cancelProgress = true;
+  DecimateAction::decimatePlatforms({EntityInfo{heron, PI_PLATFORM_TYPE, "Heron"}, EntityInfo{hawk, PI_PLATFORM_TYPE, "Hawk"}},
+                                    byPoint);
+  EXPECT_NE(0u, store.findPlatform("Heron (Pnt 2)")) << "the platform before the cancel stays done";
+  EXPECT_EQ(before + 2, store.entityCount()) << "and nothing after it is done";
+}
+
+TEST_F(DecimatingPlatforms, TheDialogKeepsOnlyTheChosenMethodsParameter)
+{
+  DecimateDialog dialog;
+  EXPECT_EQ("Decimate Dialog", dialog.objectName());
+  DecimateAction::loadFromRegistry_(dialog);
+  EXPECT_EQ(0, dialog.type());
+  EXPECT_TRUE(dialog.keepLastPoint());
+  dialog.setDistance(1234.9);
+  EXPECT_EQ(1234.0, dialog.distance()) << "whole metres";
+  dialog.setPercentage(0.5);
+  EXPECT_DOUBLE_EQ(0.5, dialog.percentage());
+  dialog.setType(7);
+  EXPECT_EQ(0, dialog.type()) << "out of range: unchanged";
+
+  dialog.setType(3);
+  DecimateAction::saveToRegistry_(dialog);
+  EXPECT_EQ(1234.0, PURegistry::loadReg(0.0, "Distance"));
+  EXPECT_EQ(0.75, PURegistry::loadReg(0.75, "Percentage")) << "other methods' values are not written";
+  EXPECT_EQ(3, PURegistry::loadReg(0, "Decimate Type"));
+  auto algorithm = DecimateAction::getAlgorithm_(dialog);
+  ASSERT_NE(nullptr, algorithm);
+  EXPECT_EQ(" Dist: Hawk (1234m)", algorithm->auditText("Hawk"));
+
+  DecimateDialog again;
+  DecimateAction::loadFromRegistry_(again);
+  EXPECT_EQ(3, again.type());
+  EXPECT_EQ(1234.0, again.distance());
 }
