@@ -8,6 +8,7 @@
 #include "actions/DeleteAction.h"
 #include "actions/DeleteScenarioAction.h"
 #include "actions/ExtendLifeAction.h"
+#include "actions/GogExportAction.h"
 #include "actions/MergeAction.h"
 #include "actions/RemoveDuplicatePointsAction.h"
 #include "actions/RenameAction.h"
@@ -37,6 +38,7 @@ ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
   actions_.push_back(std::make_unique<DeleteAction>(parent));
   actions_.push_back(std::make_unique<DeleteScenarioAction>(parent));
   actions_.push_back(std::make_unique<ExtendLifeAction>(parent));
+  actions_.push_back(std::make_unique<GogExportAction>(parent));
   actions_.push_back(std::make_unique<MergeAction>(parent));
   actions_.push_back(std::make_unique<RemoveDuplicatePointsAction>(parent));
   actions_.push_back(std::make_unique<RenameAction>(parent));

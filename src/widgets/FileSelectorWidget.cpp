@@ -37,7 +37,8 @@ void FileSelectorWidget::setFilename(const QString& name)
 
 void FileSelectorWidget::browse_()
 {
-  const QString chosen = QFileDialog::getOpenFileName(this, tr("Select File"), filename(), filter_);
+  const QString chosen = forSaving_ ? QFileDialog::getSaveFileName(this, title_, filename(), filter_)
+                                    : QFileDialog::getOpenFileName(this, title_, filename(), filter_);
   if (!chosen.isEmpty())
     setFilename(chosen);
 }

@@ -20,6 +20,10 @@ public:
   /// @return the chooser's filter, as "Scenarios (*.kls)".
   QString filter() const { return filter_; }
   void setFilter(const QString& filter) { filter_ = filter; }
+  /// @param title the chooser's window title
+  void setBrowserTitle(const QString& title) { title_ = title; }
+  /// @param forSaving true to choose a file to write, which need not exist yet
+  void setForSaving(bool forSaving) { forSaving_ = forSaving; }
 
 public slots:
   /// Shows name; emits filenameChanged when it differs from the one shown.
@@ -36,6 +40,8 @@ private:
   QToolButton* button_;
   QString filter_;
   QString last_;
+  QString title_ = "Select File";
+  bool forSaving_ = false;
 };
 
 } // namespace kelQt
