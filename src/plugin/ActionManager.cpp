@@ -4,6 +4,7 @@
 #include "host/PIDataClock.h"
 #include "host/PIDataScenario.h"
 #include "actions/AddEntityAction.h"
+#include "actions/CalculateOriVelAction.h"
 #include "actions/DecimateAction.h"
 #include "actions/DeleteAction.h"
 #include "actions/DeleteScenarioAction.h"
@@ -34,6 +35,7 @@ ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
   auto addEntity = std::make_unique<AddEntityAction>(parent);
   connect(addEntity.get(), &AddEntityAction::entityAdded, this, &ActionManager::entityAdded);
   actions_.push_back(std::move(addEntity));
+  actions_.push_back(std::make_unique<CalculateOriVelAction>(parent));
   actions_.push_back(std::make_unique<DecimateAction>(parent));
   actions_.push_back(std::make_unique<DeleteAction>(parent));
   actions_.push_back(std::make_unique<DeleteScenarioAction>(parent));

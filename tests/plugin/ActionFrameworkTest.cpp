@@ -82,7 +82,8 @@ protected:
 TEST_F(ActionFramework, BothMenusAskEveryActionAndSortByWeight)
 {
   EXPECT_EQ((std::vector<std::string>{"High", "Rename...", "Delete...", "Extend Life...", "Decimate...",
-                                      "Remove Duplicate Points...", "Velocity Filtering...", "Low", "Tie", "Export to GOG...",
+                                      "Remove Duplicate Points...", "Velocity Filtering...", "Low", "Tie", "Calculate Ori / Vel...",
+                                      "Export to GOG...",
                                       "Add Entity"}),
             ownMenu({platform}))
       << "the manager's own actions sort among the others; equal weights keep their order";
