@@ -4,6 +4,7 @@
 #include "actions/ScenarioPropertiesDialog.h"
 #include "plugin/ActionUtilities.h"
 #include "plugin/UnitsWidget.h"
+#include "validation/ValidateScenarioWidget.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -23,6 +24,9 @@ MiscellaneousWidget::MiscellaneousWidget(QWidget* parent) : TabWidget(parent)
   QPushButton* units = addRow_("Units that apply to all tabs:", "Edit Units...", "unitsPushButton",
     "Displays a unit editor.");
   connect(units, &QPushButton::clicked, this, &MiscellaneousWidget::editUnits_);
+  QPushButton* validate = addRow_("Validate Scenario:", "Validate...", "validatePushButton",
+    "Checks the in-memory scenario for common errors.");
+  connect(validate, &QPushButton::clicked, this, &MiscellaneousWidget::validate_);
 }
 
 QPushButton* MiscellaneousWidget::addRow_(const QString& label, const QString& text, const char* name,
@@ -42,6 +46,22 @@ void MiscellaneousWidget::editScenario_()
     return;
   applyScenarioProperties(dialog);
   fireChangeCallback(0UL);
+}
+
+void MiscellaneousWidget::validate_()
+{
+  QDialog dialog(this);
+  dialog.setObjectName("ValidateDialog");
+  dialog.setWindowTitle("Validate Scenario");
+  auto* view = new ValidateScenarioWidget(&dialog);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+  connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  auto* column = new QVBoxLayout(&dialog);
+  column->addWidget(view);
+  column->addWidget(buttons);
+  dialog.resize(700, 400);
+  view->validate();
+  dialog.exec();
 }
 
 void MiscellaneousWidget::editUnits_()

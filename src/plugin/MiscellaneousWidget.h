@@ -28,6 +28,8 @@ signals:
 private slots:
   void editScenario_();
   void editUnits_();
+  /// Shows the scenario's issues, checked at once, with their repairs.
+  void validate_();
 
 private:
   QPushButton* addRow_(const QString& label, const QString& text, const char* name, const QString& toolTip);

@@ -3,6 +3,10 @@
 #include "host/PIDataTables.h"
 #include "support/ServerFixture.h"
 #include "validation/ValidateScenario.h"
+#include "validation/ValidateScenarioWidget.h"
+
+#include <QPushButton>
+#include <QTreeWidget>
 
 using QtSep::ValidateScenario;
 
@@ -218,4 +222,56 @@ TEST_F(Validation, ChildrenAreJudgedByTheirHostsSpan)
   EXPECT_EQ((std::vector<std::string>{"Data for entity Radar outside the time range of the host entity Hawk.",
                                       "Must define a state for entity Radar."}),
             texts);
+}
+
+namespace
+{
+
+QPushButton* solutionButton(QTreeWidget& tree, int row, int solution)
+{
+  return qobject_cast<QPushButton*>(tree.itemWidget(tree.topLevelItem(row), solution));
+}
+
+} // namespace
+
+TEST_F(Validation, TheViewOffersEachRepairOnceAndValidateAgainOnlyAfterOne)
+{
+  QtSep::ValidateScenarioWidget view;
+  auto* validate = view.findChild<QPushButton*>("validatePushButton");
+  auto* fixAll = view.findChild<QPushButton*>("fixAllPushButton");
+  auto* tree = view.findChild<QTreeWidget*>("issuesTreeWidget");
+  EXPECT_TRUE(validate->isEnabled());
+  EXPECT_FALSE(fixAll->isEnabled()) << "before the first pass";
+
+  platform("Hawk", {10, 20});
+  validate->click();
+  ASSERT_EQ(1, tree->topLevelItemCount());
+  EXPECT_EQ("No issues found.", tree->topLevelItem(0)->text(0));
+  EXPECT_FALSE(validate->isEnabled());
+  EXPECT_FALSE(fixAll->isEnabled());
+
+  const UniqueID_t heron = platform("Heron", {10, 20});
+  category(heron, 30, "Late");
+  const UniqueID_t kite = platform("Kite", {10, 20});
+  category(kite, 40, "Later");
+  view.validate();
+  ASSERT_EQ(2, tree->topLevelItemCount());
+  EXPECT_EQ(3, tree->columnCount());
+  EXPECT_EQ("Solution 2", tree->headerItem()->text(2));
+  EXPECT_TRUE(fixAll->isEnabled());
+
+  // Heron is gone before its repair: Expand fails and only its own button goes grey.
+  PIData::removeEntity(heron, false);
+  solutionButton(*tree, 0, 1)->click();
+  EXPECT_FALSE(solutionButton(*tree, 0, 1)->isEnabled());
+  EXPECT_TRUE(solutionButton(*tree, 0, 2)->isEnabled());
+  EXPECT_FALSE(validate->isEnabled()) << "nothing repaired yet";
+
+  fixAll->click();
+  EXPECT_EQ(40.0, PIData::getLatestTime(kite)) << "Kite expanded by its first repair";
+  std::vector<PIData::PICategoryDataPoint> left;
+  PIData::retrieveAllCategoryData(kite, &left);
+  EXPECT_EQ(1u, left.size()) << "and not trimmed as well";
+  EXPECT_FALSE(solutionButton(*tree, 1, 2)->isEnabled());
+  EXPECT_TRUE(validate->isEnabled()) << "a repair makes a new pass worth running";
 }
