@@ -32,39 +32,31 @@ QLabel* text(const QString& words)
   return label;
 }
 
-template <typename Widget>
-Widget* named(Widget* widget, const char* name, const QString& toolTip)
-{
-  widget->setObjectName(name);
-  widget->setToolTip(toolTip);
-  return widget;
-}
-
 } // namespace
 
 CalculateOriVelDialog::CalculateOriVelDialog(QWidget* parent) : QDialog(parent)
 {
   setObjectName("CalculateOriVel Dialog");
   setWindowTitle("Calculate Orientation/Velocity");
-  lagrangian_ = named(new QRadioButton("Orientation and Velocity via Lagrangian"), "lagrangianRadioButton",
+  lagrangian_ = kelQt::namedWithTooltip(new QRadioButton("Orientation and Velocity via Lagrangian"), "lagrangianRadioButton",
                       kelQt::formatTooltip("Calculate via Lagrangian",
                                            "Calculate the orientation and/or velocity via the Lagrangian method as "
                                            "described above."));
-  delta_ = named(new QRadioButton("Orientation via Velocity, Velocity via Delta Distance / Delta Time"),
+  delta_ = kelQt::namedWithTooltip(new QRadioButton("Orientation via Velocity, Velocity via Delta Distance / Delta Time"),
                  "deltaRadioButton",
                  kelQt::formatTooltip("Calculate via Data",
                                       "Orientation via Velocity, Velocity via Delta Distance / Delta Time."));
-  points_ = named(new QSpinBox, "lagrangianSpinBox",
+  points_ = kelQt::namedWithTooltip(new QSpinBox, "lagrangianSpinBox",
                   kelQt::formatTooltip(QString(), "Number of points to use for the Lagrangian method."));
   points_->setRange(5, 1000);
   points_->setValue(10);
-  lagrangianOrientation_ = named(new QCheckBox("Orientation"), "lagrangianOrientationCheckBox",
+  lagrangianOrientation_ = kelQt::namedWithTooltip(new QCheckBox("Orientation"), "lagrangianOrientationCheckBox",
                                  kelQt::formatTooltip(QString(), "Calculate the orientation by the Lagrangian method."));
-  lagrangianVelocity_ = named(new QCheckBox("Velocity"), "lagrangianVelocityCheckBox",
+  lagrangianVelocity_ = kelQt::namedWithTooltip(new QCheckBox("Velocity"), "lagrangianVelocityCheckBox",
                               kelQt::formatTooltip(QString(), "Calculate the velocity by the Lagrangian method."));
-  deltaOrientation_ = named(new QCheckBox("Orientation via Velocity"), "orientationCheckBox",
+  deltaOrientation_ = kelQt::namedWithTooltip(new QCheckBox("Orientation via Velocity"), "orientationCheckBox",
                             kelQt::formatTooltip(QString(), "Calculate orientation from the velocity."));
-  deltaVelocity_ = named(new QCheckBox("Velocity via Delta Distance / Delta Time"), "velocityCheckBox",
+  deltaVelocity_ = kelQt::namedWithTooltip(new QCheckBox("Velocity via Delta Distance / Delta Time"), "velocityCheckBox",
                          kelQt::formatTooltip(QString(), "Calculate the velocity from the delta position divided by "
                                                          "the delta time."));
 

@@ -20,15 +20,6 @@ namespace QtSep
 namespace
 {
 
-template <typename Widget>
-Widget* named(Widget* widget, const char* name, const QString& toolTip = QString())
-{
-  widget->setObjectName(name);
-  if (!toolTip.isEmpty())
-    widget->setToolTip(toolTip);
-  return widget;
-}
-
 /// A page of one parameter row, with an optional check box above it.
 QWidget* formPage(const QString& label, QWidget* field, QWidget* above = nullptr)
 {
@@ -68,35 +59,35 @@ DecimateDialog::DecimateDialog(QWidget* parent) : QDialog(parent)
   };
   for (int id = 0; id < 5; ++id)
   {
-    auto* button = named(new QRadioButton(methods[id].text), methods[id].name, methods[id].toolTip);
+    auto* button = kelQt::namedWithTooltip(new QRadioButton(methods[id].text), methods[id].name, methods[id].toolTip);
     methods_->addButton(button, id);
     methodRow->addWidget(button);
   }
   methods_->button(0)->setChecked(true);
 
-  everyNPoint_ = named(new QSpinBox, "everyNPointSpinBox");
+  everyNPoint_ = kelQt::namedWithTooltip(new QSpinBox, "everyNPointSpinBox");
   everyNPoint_->setMinimum(2);
   everyNPoint_->setValue(10);
-  interpolate_ = named(new QCheckBox("Interpolate data points"), "interpolateCheckBox",
+  interpolate_ = kelQt::namedWithTooltip(new QCheckBox("Interpolate data points"), "interpolateCheckBox",
                        kelQt::formatTooltip("Interpolate Data Points", "Interpolate data points, instead of picking the "
                                                                        "point at/after the planned time."));
-  time_ = named(new QSpinBox, "timeSpinBox",
+  time_ = kelQt::namedWithTooltip(new QSpinBox, "timeSpinBox",
                 kelQt::formatTooltip("Time Interval", "Time, in seconds, between saved data points."));
   time_->setRange(1, 1000);
   time_->setSuffix(" sec");
   time_->setValue(1);
-  angle_ = named(new QDoubleSpinBox, "angleSpinBox",
+  angle_ = kelQt::namedWithTooltip(new QDoubleSpinBox, "angleSpinBox",
                  kelQt::formatTooltip("By Angle", "Remove points that are within this angle tolerance from previous points."));
   angle_->setRange(0.01, 180.0);
   angle_->setSuffix(" deg");
-  distance_ = named(new QSpinBox, "distanceSpinBox",
+  distance_ = kelQt::namedWithTooltip(new QSpinBox, "distanceSpinBox",
                     kelQt::formatTooltip("By Distance", "Drop TSPI points until the distance traveled between remaining "
                                                         "points is at least the specified distance in meters."));
   distance_->setRange(1, 10000);
   distance_->setSingleStep(100);
   distance_->setSuffix(" m");
   distance_->setValue(1000);
-  percentage_ = named(new QDoubleSpinBox, "percentageSpinBox",
+  percentage_ = kelQt::namedWithTooltip(new QDoubleSpinBox, "percentageSpinBox",
                       kelQt::formatTooltip(QString(), "Reduces points by a percentage, implementing the Visvalingam "
                                                       "line simplification algorithm."));
   percentage_->setRange(0.1, 99.9);
@@ -112,13 +103,13 @@ DecimateDialog::DecimateDialog(QWidget* parent) : QDialog(parent)
   pages_->addWidget(formPage("Percentage Drop:", percentage_));
   connect(methods_, &QButtonGroup::idClicked, pages_, &QStackedWidget::setCurrentIndex);
 
-  alwaysKeep_ = named(new QCheckBox("Always keep last data point"), "alwaysKeepCheckBox",
+  alwaysKeep_ = kelQt::namedWithTooltip(new QCheckBox("Always keep last data point"), "alwaysKeepCheckBox",
                       kelQt::formatTooltip("Last Data Point", "Always keeps the last data point."));
   auto* configuration = new QGroupBox("Configuration");
   auto* configurationColumn = new QVBoxLayout(configuration);
   configurationColumn->addWidget(alwaysKeep_);
   configurationColumn->addWidget(pages_);
-  appendSuffix_ = named(new QCheckBox("Append suffix to source platform"), "appendSuffixCheckBox");
+  appendSuffix_ = kelQt::namedWithTooltip(new QCheckBox("Append suffix to source platform"), "appendSuffixCheckBox");
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -30,37 +30,29 @@ const char* const OFFSET_KEY = "GOG Export X Offset";
 const char* const TRACK_COLOR_KEY = "GOG Export Use Track Color";
 const char* const DEPTH_BUFFER_KEY = "GOG Export Use Depth Buffer";
 
-template <typename Widget>
-Widget* named(Widget* widget, const char* name, const QString& toolTip)
-{
-  widget->setObjectName(name);
-  widget->setToolTip(toolTip);
-  return widget;
-}
-
 } // namespace
 
 GogExportDialog::GogExportDialog(QWidget* parent) : QDialog(parent)
 {
   setObjectName("GogExportDialog");
   setWindowTitle("Export to GOG");
-  type_ = named(new QComboBox, "typeComboBox", kelQt::formatTooltip("Plot Style", "Style of GOG plot."));
+  type_ = kelQt::namedWithTooltip(new QComboBox, "typeComboBox", kelQt::formatTooltip("Plot Style", "Style of GOG plot."));
   type_->addItems({"LL Plot (Ground Range)", "LLA Plot (Trajectory)", "Altitude vs Time",
                    "Altitude vs Range from Scenario Origin", "Velocity vs Time"});
-  style_ = named(new QComboBox, "lineStyleComboBox", kelQt::formatTooltip("Line Style", "Style of GOG lines."));
+  style_ = kelQt::namedWithTooltip(new QComboBox, "lineStyleComboBox", kelQt::formatTooltip("Line Style", "Style of GOG lines."));
   style_->addItems({"Solid", "Dashed", "Dotted"});
-  width_ = named(new QSpinBox, "lineWidthSpinBox", kelQt::formatTooltip("Line Width", "Pixel width of GOG lines."));
+  width_ = kelQt::namedWithTooltip(new QSpinBox, "lineWidthSpinBox", kelQt::formatTooltip("Line Width", "Pixel width of GOG lines."));
   width_->setRange(1, 10);
-  color_ = named(new kelQt::ColorWidget, "colorWidget",
+  color_ = kelQt::namedWithTooltip(new kelQt::ColorWidget, "colorWidget",
                  kelQt::formatTooltip("Default Color", "Color to use for GOG (use 0x00000000 for no default)"));
   color_->setShowAlpha(true);
-  offset_ = named(new QDoubleSpinBox, "xOffsetSpinBox", kelQt::formatTooltip("X Offset", "Value to offset GOG X values by."));
+  offset_ = kelQt::namedWithTooltip(new QDoubleSpinBox, "xOffsetSpinBox", kelQt::formatTooltip("X Offset", "Value to offset GOG X values by."));
   offset_->setRange(-std::numeric_limits<double>::max(), std::numeric_limits<double>::max());
-  trackColor_ = named(new QCheckBox("Use Track Color"), "trackColorCheckBox",
+  trackColor_ = kelQt::namedWithTooltip(new QCheckBox("Use Track Color"), "trackColorCheckBox",
                       kelQt::formatTooltip("Use Track Color", "Use generic data track color."));
-  depthBuffer_ = named(new QCheckBox("Use Depth Buffer"), "depthBufferCheckBox",
+  depthBuffer_ = kelQt::namedWithTooltip(new QCheckBox("Use Depth Buffer"), "depthBufferCheckBox",
                        kelQt::formatTooltip("Use Depth Buffer", "Enable the use of depth buffer."));
-  file_ = named(new kelQt::FileSelectorWidget, "fileSelector", QString());
+  file_ = kelQt::namedWithTooltip(new kelQt::FileSelectorWidget, "fileSelector", QString());
   file_->setBrowserTitle("Load To GOG File");
   file_->setFilter("GOG Files (*.gog)");
   file_->setForSaving(true);

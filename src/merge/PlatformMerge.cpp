@@ -137,6 +137,30 @@ std::vector<UniqueID_t> listOf(void (*list)(UniqueID_t, std::vector<UniqueID_t>*
   return ids;
 }
 
+/**
+ * Merges each source child into the target's child of its merge name, making that child when
+ * missing; a second source child of one name joins the first. A child that cannot be made is
+ * passed over.
+ */
+template <typename Header, typename MergeName, typename Create, typename Merge>
+void mergeByName(std::map<std::string, UniqueID_t> names, const std::vector<UniqueID_t>& sourceChildren,
+                 MergeName mergeName, Create create, Merge merge)
+{
+  for (UniqueID_t child : sourceChildren)
+  {
+    const std::string name = mergeName(headerName<Header>(child));
+    auto found = names.find(name);
+    if (found == names.end())
+    {
+      const UniqueID_t made = create(child);
+      if (made == 0)
+        continue;
+      found = names.emplace(name, made).first;
+    }
+    merge(found->second, child);
+  }
+}
+
 } // namespace
 
 PlatformMerge::PlatformMerge() : mergeSuffix_(CommonMerge::MergeSuffix) {}
@@ -164,22 +188,16 @@ void PlatformMerge::mergePlatform(UniqueID_t target, UniqueID_t source, double s
 
 void PlatformMerge::mergeBeamsToPlatform_(UniqueID_t target, UniqueID_t source, double start, double end)
 {
-  NameMap beams = getPlatformBeamNames_(target);
-  for (UniqueID_t sourceBeam : listOf(PIData::getBeamList, source))
-  {
-    PIData::PIBeamHeader header;
-    PIData::getHeader(sourceBeam, &header);
-    const std::string name = createMergeName_(header.name);
-    auto found = beams.find(name);
-    if (found == beams.end())
-    {
-      const UniqueID_t made = createEmptyBeam_(target, sourceBeam);
-      if (made == 0)
-        continue;
-      found = beams.emplace(name, made).first;
-    }
-    mergeBeam_(found->second, sourceBeam, start, end, header.beamType == PIData::PI_BEAM_TARGET);
-  }
+  mergeByName<PIData::PIBeamHeader>(
+    getPlatformBeamNames_(target), listOf(PIData::getBeamList, source),
+    [this](const std::string& name) { return createMergeName_(name); },
+    [this, target](UniqueID_t beam) { return createEmptyBeam_(target, beam); },
+    [this, start, end](UniqueID_t into, UniqueID_t beam) {
+      PIData::PIBeamHeader header;
+      PIData::getHeader(beam, &header);
+      // A target beam's geometry comes from its target, not from points.
+      mergeBeam_(into, beam, start, end, header.beamType == PIData::PI_BEAM_TARGET);
+    });
 }
 
 void PlatformMerge::mergeBeam_(UniqueID_t target, UniqueID_t source, double start, double end, bool skipPoints)
@@ -198,20 +216,11 @@ void PlatformMerge::mergeBeam_(UniqueID_t target, UniqueID_t source, double star
   mergeStates_(target, source, start, end, false);
   mergeTargets_(target, source, start, end);
 
-  NameMap gates = getBeamGateNames_(target);
-  for (UniqueID_t sourceGate : listOf(PIData::getGateList, source))
-  {
-    const std::string name = createMergeName_(headerName<PIData::PIGateHeader>(sourceGate));
-    auto found = gates.find(name);
-    if (found == gates.end())
-    {
-      const UniqueID_t made = createEmptyGate_(target, sourceGate);
-      if (made == 0)
-        continue;
-      found = gates.emplace(name, made).first;
-    }
-    mergeGate_(found->second, sourceGate, start, end);
-  }
+  mergeByName<PIData::PIGateHeader>(
+    getBeamGateNames_(target), listOf(PIData::getGateList, source),
+    [this](const std::string& name) { return createMergeName_(name); },
+    [this, target](UniqueID_t gate) { return createEmptyGate_(target, gate); },
+    [this, start, end](UniqueID_t into, UniqueID_t gate) { mergeGate_(into, gate, start, end); });
 }
 
 void PlatformMerge::mergeGate_(UniqueID_t target, UniqueID_t source, double start, double end)
@@ -230,20 +239,11 @@ void PlatformMerge::mergeGate_(UniqueID_t target, UniqueID_t source, double star
 
 void PlatformMerge::mergeLasersToPlatform_(UniqueID_t target, UniqueID_t source, double start, double end)
 {
-  NameMap lasers = getPlatformLaserNames_(target);
-  for (UniqueID_t sourceLaser : listOf(PIData::getLaserList, source))
-  {
-    const std::string name = createMergeName_(headerName<PIData::PILaserHeader>(sourceLaser));
-    auto found = lasers.find(name);
-    if (found == lasers.end())
-    {
-      const UniqueID_t made = createEmptyLaser_(target, sourceLaser);
-      if (made == 0)
-        continue;
-      found = lasers.emplace(name, made).first;
-    }
-    mergeLaser_(found->second, sourceLaser, start, end);
-  }
+  mergeByName<PIData::PILaserHeader>(
+    getPlatformLaserNames_(target), listOf(PIData::getLaserList, source),
+    [this](const std::string& name) { return createMergeName_(name); },
+    [this, target](UniqueID_t laser) { return createEmptyLaser_(target, laser); },
+    [this, start, end](UniqueID_t into, UniqueID_t laser) { mergeLaser_(into, laser, start, end); });
 }
 
 void PlatformMerge::mergeLaser_(UniqueID_t target, UniqueID_t source, double start, double end)
@@ -264,20 +264,11 @@ void PlatformMerge::mergeLaser_(UniqueID_t target, UniqueID_t source, double sta
 
 void PlatformMerge::mergeLobGroupsToPlatform_(UniqueID_t target, UniqueID_t source, double start, double end)
 {
-  NameMap lobs = getPlatformLobGroupNames_(target);
-  for (UniqueID_t sourceLob : listOf(PIData::getLobList, source))
-  {
-    const std::string name = createMergeName_(headerName<PIData::PILobHeader>(sourceLob));
-    auto found = lobs.find(name);
-    if (found == lobs.end())
-    {
-      const UniqueID_t made = createEmptyLobGroup_(target, sourceLob);
-      if (made == 0)
-        continue;
-      found = lobs.emplace(name, made).first;
-    }
-    mergeLobGroup_(found->second, sourceLob, start, end);
-  }
+  mergeByName<PIData::PILobHeader>(
+    getPlatformLobGroupNames_(target), listOf(PIData::getLobList, source),
+    [this](const std::string& name) { return createMergeName_(name); },
+    [this, target](UniqueID_t lob) { return createEmptyLobGroup_(target, lob); },
+    [this, start, end](UniqueID_t into, UniqueID_t lob) { mergeLobGroup_(into, lob, start, end); });
 }
 
 void PlatformMerge::mergeLobGroup_(UniqueID_t target, UniqueID_t source, double start, double end)

@@ -17,4 +17,18 @@ inline QString formatTooltip(const QString& title, const QString& text = QString
       .arg(title, titleSuffix, text);
 }
 
+/**
+ * Names a new form control and gives it its tool tip, for forms built in code.
+ * @param name the object name tests and style sheets find it by @param toolTip empty for none
+ * @return the control
+ */
+template <typename Widget>
+Widget* namedWithTooltip(Widget* widget, const char* name, const QString& toolTip = QString())
+{
+  widget->setObjectName(name);
+  if (!toolTip.isEmpty())
+    widget->setToolTip(toolTip);
+  return widget;
+}
+
 } // namespace kelQt
