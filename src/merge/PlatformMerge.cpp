@@ -209,9 +209,7 @@ void PlatformMerge::mergeBeam_(UniqueID_t target, UniqueID_t source, double star
     for (const auto& point : points)
       PIData::addDataPoint(target, &point);
   }
-  mergeCategoryData_(target, source, start, end);
-  mergeGenericData_(target, source, start, end);
-  mergeDataTables_(target, source, start, end);
+  mergeChildData_(target, source, start, end);
   mergeColors_(target, source, start, end, false);
   mergeStates_(target, source, start, end, false);
   mergeTargets_(target, source, start, end);
@@ -229,9 +227,7 @@ void PlatformMerge::mergeGate_(UniqueID_t target, UniqueID_t source, double star
   PIData::getDataPoints(source, start, end, &points);
   for (const auto& point : points)
     PIData::addDataPoint(target, &point);
-  mergeCategoryData_(target, source, start, end);
-  mergeGenericData_(target, source, start, end);
-  mergeDataTables_(target, source, start, end);
+  mergeChildData_(target, source, start, end);
   mergeColors_(target, source, start, end, false);
   mergeStates_(target, source, start, end, false);
   mergeTargets_(target, source, start, end);
@@ -252,9 +248,7 @@ void PlatformMerge::mergeLaser_(UniqueID_t target, UniqueID_t source, double sta
   PIData::getDataPoints(source, start, end, &points);
   for (const auto& point : points)
     PIData::addLaserOriDataPoint(target, &point);
-  mergeCategoryData_(target, source, start, end);
-  mergeGenericData_(target, source, start, end);
-  mergeDataTables_(target, source, start, end);
+  mergeChildData_(target, source, start, end);
   mergeColors_(target, source, start, end, true);
   mergeStates_(target, source, start, end, true);
   mergeLaserMaxRange_(target, source, start, end);
@@ -277,11 +271,16 @@ void PlatformMerge::mergeLobGroup_(UniqueID_t target, UniqueID_t source, double 
   PIData::getDataPoints(source, start, end, &points);
   for (const auto& point : points)
     PIData::addDataPoint(target, &point);
+  mergeChildData_(target, source, start, end);
+  mergeStates_(target, source, start, end, true);
+  mergeLobGroupDrawStyles_(target, source, start, end);
+}
+
+void PlatformMerge::mergeChildData_(UniqueID_t target, UniqueID_t source, double start, double end)
+{
   mergeCategoryData_(target, source, start, end);
   mergeGenericData_(target, source, start, end);
   mergeDataTables_(target, source, start, end);
-  mergeStates_(target, source, start, end, true);
-  mergeLobGroupDrawStyles_(target, source, start, end);
 }
 
 // Category and generic data: the target keeps what it says at the slice's start, and a value

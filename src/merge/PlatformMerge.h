@@ -47,6 +47,8 @@ private:
   void mergeLaser_(UniqueID_t target, UniqueID_t source, double start, double end);
   void mergeLobGroupsToPlatform_(UniqueID_t target, UniqueID_t source, double start, double end);
   void mergeLobGroup_(UniqueID_t target, UniqueID_t source, double start, double end);
+  /// A child's category data, generic data and tables, in that order.
+  void mergeChildData_(UniqueID_t target, UniqueID_t source, double start, double end);
   void mergeCategoryData_(UniqueID_t target, UniqueID_t source, double start, double end);
   void mergeGenericData_(UniqueID_t target, UniqueID_t source, double start, double end);
   void mergeDataTables_(UniqueID_t target, UniqueID_t source, double start, double end);
