@@ -6,6 +6,7 @@
 #include "host/PIDataEntities.h"
 #include "plugin/ActionUtilities.h"
 #include "processing/RemoveDuplicatePoints.h"
+#include "validation/ValidateScenario.h"
 
 #include <algorithm>
 #include <cmath>
@@ -100,6 +101,8 @@ int KelvorEdit::run(const std::vector<std::string>& arguments, std::ostream& out
     return check_(rest, out, err);
   if (command == "remove-duplicates")
     return removeDuplicates_(rest, out, err);
+  if (command == "validate")
+    return validate_(rest, out, err);
   err << "kelvor-edit: unknown command '" << command << "'\n";
   usage_(err);
   return USAGE;
@@ -119,6 +122,7 @@ void KelvorEdit::usage_(std::ostream& out)
          "                                  of each run of three or more points equal but for their\n"
          "                                  time keep the first and last; the named entities and their\n"
          "                                  children, or the whole scenario when none is named\n"
+         "  validate FILE                   the common errors that make a scenario play wrongly, one a line\n"
          "  --help                          this text\n"
          "\n"
          "Exit status: 0 success, 1 failure, 2 bad usage. Errors go to standard error as file:line: reason.\n";
@@ -273,6 +277,29 @@ int KelvorEdit::removeDuplicates_(const std::vector<std::string>& args, std::ost
   out << "wrote " << files[1] << ": " << removed << " duplicate points removed from " << reduced.size()
       << (reduced.size() == 1 ? " entity\n" : " entities\n");
   return SUCCESS;
+}
+
+int KelvorEdit::validate_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
+{
+  if (args.size() != 1)
+  {
+    err << "kelvor-edit: validate takes one FILE\n";
+    return USAGE;
+  }
+  EditSession session;
+  const ReadReport report = session.open(args[0]);
+  printErrors(report, err);
+  if (!report.loaded)
+    return FAILURE;
+  QtSep::ValidateScenario checker;
+  checker.validate();
+  std::vector<QtSep::ValidateScenario::Issue*> issues;
+  checker.getIssues(issues);
+  for (const auto* issue : issues)
+    out << issue->description() << '\n';
+  out << args[0] << ": " << (issues.empty() ? std::string("no issues found") : std::to_string(issues.size()) + " issues")
+      << '\n';
+  return issues.empty() && report.errors.empty() ? SUCCESS : FAILURE;
 }
 
 } // namespace kelvor

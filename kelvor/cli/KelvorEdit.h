@@ -28,6 +28,7 @@ private:
   int convert_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
   int check_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
   int removeDuplicates_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+  int validate_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
   static void usage_(std::ostream& out);
 };
 

@@ -276,6 +276,12 @@ std::int64_t PointRequests::getPoints_(void* record)
     const PlatformPointFrame frame(frameArg ? *frameArg : PIData::PICoordReferenceFrame(), state_.store.properties());
     auto& points = *static_cast<std::vector<PIData::PIPlatformPoint>*>(out);
     points.clear();
+    // A static platform stands at its one point at every time: any range finds it.
+    if (e->platformPoints.size() == 1 && e->platformPoints.front().time == -1.0)
+    {
+      points.push_back(frame.toRecord(e->platformPoints.front()));
+      return done(r, true);
+    }
     points.reserve(e->platformPoints.countRange(begin, end));
     e->platformPoints.forRange(begin, end, [&](const StoredPlatformPoint& s) { points.push_back(frame.toRecord(s)); });
     return done(r, true);

@@ -124,6 +124,20 @@ TEST_F(KelvorEditCommands, RemoveDuplicatesOnNamedEntitiesOrTheWholeScenario)
   EXPECT_EQ(KelvorEdit::USAGE, run({"remove-duplicates", in, never, "--entity"}));
 }
 
+TEST_F(KelvorEditCommands, ValidateListsTheIssuesOfAFile)
+{
+  const std::string lone = file("lone.kls", "kelvor-scenario 1\nplatform 1 \"A\"\npoint 1 5 35 -117 0\n");
+  EXPECT_EQ(KelvorEdit::FAILURE, run({"validate", lone}));
+  EXPECT_NE(std::string::npos, out.str().find("The non-static platform A must have at least two TSPI points.\n"))
+      << out.str();
+  EXPECT_NE(std::string::npos, out.str().find("2 issues"));
+  const std::string good = file("good.kls", "kelvor-scenario 1\nplatform 1 \"A\"\npoint 1 5 35 -117 0\n"
+                                            "point 1 9 35 -117 0\nstate 1 5 on\n");
+  EXPECT_EQ(KelvorEdit::SUCCESS, run({"validate", good})) << out.str();
+  EXPECT_NE(std::string::npos, out.str().find("no issues found"));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"validate"}));
+}
+
 TEST(DemoScenario, TheCommittedFileIsWhatTheGeneratorMakesAndReadsClean)
 {
   ScenarioStore generated;

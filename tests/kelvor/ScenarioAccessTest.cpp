@@ -306,6 +306,10 @@ TEST_F(ScenarioAccess, TimeBoundsOfEmptyStaticAndWholeScenarios)
   EXPECT_EQ(-1.0, getEarliestTime(fixed)) << "a static platform";
   EXPECT_EQ(5.0, getEarliestTime(0)) << "the scenario's span is that of its timed data";
   EXPECT_EQ(50.0, getLatestTime(0));
+  std::vector<PIPlatformPoint> found;
+  getDataPoints(fixed, getEarliestTime(0), getLatestTime(0), &found);
+  ASSERT_EQ(1u, found.size()) << "a static platform stands at its point at every time";
+  EXPECT_EQ(-1.0, found[0].time);
 
   EXPECT_EQ(0, clockAutoConfigureBeginEnd());
   EXPECT_EQ(5.0, clockGetBegin());
