@@ -6,6 +6,7 @@
 #include "plugin/MenuInfo.h"
 #include "plugin/MiscellaneousWidget.h"
 #include "utils/EntityTreeModel.h"
+#include "utils/QtCategoryFilter.h"
 #include "utils/QtCenterEntity.h"
 #include "utils/SerializeTreeFilters.h"
 #include "widgets/EntityTreeComposite.h"
@@ -91,6 +92,7 @@ void MainDialog::buildTree_()
   treeModel_->forceRefresh();
   entityTreeComposite_->setModel(treeModel_);
   entityTreeComposite_->setUseEntityIcons(true);
+  entityTreeComposite_->addEntityFilter(new PluginUtils::QtCategoryFilter(true, true));
   PluginUtils::SerializeTreeFilters::restoreFromSettings(*entityTreeComposite_, TREE_FILTERS_KEY);
   centerEntity_ = new PluginUtils::QtCenterEntity(*entityTreeComposite_, this);
   entityTreeComposite_->setTreeViewActionEnabled(true);
