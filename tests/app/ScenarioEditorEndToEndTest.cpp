@@ -135,3 +135,46 @@ TEST_F(ScenarioEditorEndToEnd, RemoveDuplicatePointsFromTheEditorsTreeMenu)
   QDir().mkpath(TEST_OUTPUT_DIR);
   EXPECT_TRUE(host->window().grab().save(QString(TEST_OUTPUT_DIR) + "/scenario-editor.png"));
 }
+
+TEST_F(ScenarioEditorEndToEnd, MergeFromTheDataBrowsersMenuLeavesTheFirstPlatform)
+{
+  QTreeWidget* browser = host->window().dataBrowser()->tree();
+  const QList<QTreeWidgetItem*> vipers = browser->findItems("Viper 2", Qt::MatchExactly | Qt::MatchRecursive);
+  ASSERT_EQ(3, vipers.size()) << "one object recorded as three platforms";
+  for (QTreeWidgetItem* item : vipers)
+    item->setSelected(true);
+  const std::size_t before = host->store().entityCount();
+
+  QString offered;
+  QTimer::singleShot(300, [&offered] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu)
+      return;
+    QAction* merge = nullptr;
+    for (QAction* action : menu->actions())
+    {
+      offered += action->text() + "|";
+      if (action->text() == "Merge...")
+        merge = action;
+    }
+    menu->close();
+    if (!merge)
+      return;
+    QTimer::singleShot(200, [] {
+      if (auto* question = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+        question->accept();
+    });
+    merge->trigger();
+  });
+  emit browser->customContextMenuRequested(browser->visualItemRect(vipers.front()).center());
+  for (int waited = 0; host->store().entityCount() == before && waited < 3000; waited += 50)
+    QTest::qWait(50);
+
+  EXPECT_TRUE(offered.contains("Merge...")) << offered.toStdString();
+  EXPECT_EQ(before - 2, host->store().entityCount()) << "the other two merged into the first and went";
+  const auto listed = [browser] { return browser->findItems("Viper 2", Qt::MatchExactly | Qt::MatchRecursive).size(); };
+  for (int waited = 0; listed() != 1 && waited < 2000; waited += 50)
+    QTest::qWait(50);
+  EXPECT_EQ(1, listed()) << "the Data Browser follows";
+}
+
