@@ -55,12 +55,27 @@ std::vector<UniqueID_t> entitiesNamed(const std::string& nameOrId)
   return named;
 }
 
-/// Opens a file for a command that writes it again. @return false, after saying why, when any line cannot be read
-bool openWhole(EditSession& session, const std::string& path, std::ostream& err)
+/// @return true when args name exactly one file; otherwise says how the command is used
+bool takesOneFile(const std::vector<std::string>& args, const char* command, std::ostream& err)
+{
+  if (args.size() == 1)
+    return true;
+  err << "kelvor-edit: " << command << " takes one FILE\n";
+  return false;
+}
+
+/// Reads a file, reporting every line that cannot be read.
+ReadReport openReporting(EditSession& session, const std::string& path, std::ostream& err)
 {
   const ReadReport report = session.open(path);
   printErrors(report, err);
-  if (report.ok())
+  return report;
+}
+
+/// Opens a file for a command that writes it again. @return false, after saying why, when any line cannot be read
+bool openWhole(EditSession& session, const std::string& path, std::ostream& err)
+{
+  if (openReporting(session, path, err).ok())
     return true;
   // Writing would drop the lines that could not be read.
   err << "kelvor-edit: " << path << " has lines that cannot be read; nothing written\n";
@@ -130,14 +145,10 @@ void KelvorEdit::usage_(std::ostream& out)
 
 int KelvorEdit::info_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
 {
-  if (args.size() != 1)
-  {
-    err << "kelvor-edit: info takes one FILE\n";
+  if (!takesOneFile(args, "info", err))
     return USAGE;
-  }
   EditSession session;
-  const ReadReport report = session.open(args[0]);
-  printErrors(report, err);
+  const ReadReport report = openReporting(session, args[0], err);
   if (!report.loaded)
     return FAILURE;
   const ScenarioStore& store = session.store();
@@ -200,14 +211,10 @@ int KelvorEdit::convert_(const std::vector<std::string>& args, std::ostream& out
 
 int KelvorEdit::check_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
 {
-  if (args.size() != 1)
-  {
-    err << "kelvor-edit: check takes one FILE\n";
+  if (!takesOneFile(args, "check", err))
     return USAGE;
-  }
   EditSession session;
-  const ReadReport report = session.open(args[0]);
-  printErrors(report, err);
+  const ReadReport report = openReporting(session, args[0], err);
   if (report.errors.empty())
   {
     out << args[0] << ": " << report.lines << " lines, all readable\n";
@@ -281,14 +288,10 @@ int KelvorEdit::removeDuplicates_(const std::vector<std::string>& args, std::ost
 
 int KelvorEdit::validate_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
 {
-  if (args.size() != 1)
-  {
-    err << "kelvor-edit: validate takes one FILE\n";
+  if (!takesOneFile(args, "validate", err))
     return USAGE;
-  }
   EditSession session;
-  const ReadReport report = session.open(args[0]);
-  printErrors(report, err);
+  const ReadReport report = openReporting(session, args[0], err);
   if (!report.loaded)
     return FAILURE;
   QtSep::ValidateScenario checker;
