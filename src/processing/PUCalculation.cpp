@@ -260,9 +260,10 @@ int d2y_by_dt2(const std::deque<double>& time, const std::deque<double>& values,
                std::deque<double>& secondDerivative, int window)
 {
   const int n = static_cast<int>(values.size());
-  // Four nodes spaced a stride apart span the window.
-  const int stride = std::max(1, (window - 1) / 3);
-  if (n < 3 * stride + 2 || static_cast<int>(time.size()) != n)
+  // The widest placement below spans four strides; it must fit in the window, so that a window
+  // no longer than the series keeps every placement inside the data.
+  const int stride = std::max(1, (window - 1) / 4);
+  if (n < 4 * stride + 1 || static_cast<int>(time.size()) != n)
     return 1;
   firstDerivative.assign(n, 0.0);
   secondDerivative.assign(n, 0.0);

@@ -47,8 +47,13 @@ int DeriveCPR(const std::deque<double>& time, const std::deque<double>& x, const
 
 /**
  * First and second time derivative of one series at every sample, each merged from five
- * third-order Lagrangian fits placed differently around the sample.
- * @return 0; 1 when the series is too short for the window
+ * third-order Lagrangian fits placed differently around the sample. The fits' nodes lie up to
+ * (window - 1) / 4 samples apart, so that every fit spans at most the window; near the ends the
+ * fits shift inward and stay inside the data whenever the window is no longer than the series.
+ * @param time seconds, strictly ascending @param values one per time
+ * @param firstDerivative,secondDerivative receive one value per sample, per second and per second squared
+ * @param window samples spanned by the fits, at least 5
+ * @return 0; 1 when the series differ in length or are shorter than the widest fit
  */
 int d2y_by_dt2(const std::deque<double>& time, const std::deque<double>& values, std::deque<double>& firstDerivative,
                std::deque<double>& secondDerivative, int window);

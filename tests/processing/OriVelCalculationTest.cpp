@@ -164,3 +164,65 @@ TEST_F(OriVel, TheCommandAuditsSuccessesAndReportsFailures)
             services.notifications.back().first);
   EXPECT_EQ(0, services.waitCursorDepth);
 }
+
+TEST(OriVelMaths, EveryWindowUpToTheSeriesLengthStaysInsideTheData)
+{
+  // A cubic's derivatives are exact under a third-order fit, wherever its nodes lie, so every
+  // window that fits gives them exactly; no window reads past the series' ends (windows close to
+  // the length once did), and a longer one whose fits cannot stay inside is refused.
+  for (const int length : {5, 12, 30, 60})
+  {
+    std::deque<double> time;
+    std::deque<double> values;
+    for (int i = 0; i < length; ++i)
+    {
+      const double t = 100.0 + i;
+      time.push_back(t);
+      values.push_back(2.0 + 3.0 * t - 0.5 * t * t + 0.01 * t * t * t);
+    }
+    for (int window = PUCalculation::MINIMUM_POINTS; window <= length + 3; ++window)
+    {
+      std::deque<double> first;
+      std::deque<double> second;
+      const int status = PUCalculation::d2y_by_dt2(time, values, first, second, window);
+      if (window <= length)
+      {
+        ASSERT_EQ(0, status) << "window " << window << " of " << length;
+      }
+      if (status != 0)
+        continue;
+      ASSERT_EQ(static_cast<std::size_t>(length), first.size());
+      for (int i = 0; i < length; ++i)
+      {
+        const double t = time[i];
+        EXPECT_NEAR(3.0 - t + 0.03 * t * t, first[i], 1e-6) << "window " << window << " sample " << i;
+        EXPECT_NEAR(-1.0 + 0.06 * t, second[i], 1e-6) << "window " << window << " sample " << i;
+      }
+    }
+  }
+}
+
+TEST_F(OriVel, TheLagrangianMethodTakesAnyWindowTheTrackHolds)
+{
+  std::vector<std::pair<double, double>> climbing;
+  for (int i = 0; i < 30; ++i)
+    climbing.emplace_back(0.2 * i * i * i, 50.0 * i);
+  std::string error;
+  for (unsigned int window = 5; window <= 32; ++window)
+  {
+    const UniqueID_t id = track(climbing);
+    const int status = PUCalculation::lagrangianOriVel(id, true, true, window, error);
+    if (window > climbing.size())
+    {
+      EXPECT_EQ(1, status);
+      EXPECT_EQ("Not enough data points to perform calculation", error) << "window " << window;
+      continue;
+    }
+    ASSERT_EQ(0, status) << "window " << window << ": " << error;
+    for (const auto& point : points(id))
+    {
+      EXPECT_TRUE(std::isfinite(point.orientation.x) && std::isfinite(point.orientation.z)) << "window " << window;
+      EXPECT_TRUE(std::isfinite(point.velocity.x) && std::isfinite(point.velocity.y)) << "window " << window;
+    }
+  }
+}
