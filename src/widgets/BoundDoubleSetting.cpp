@@ -45,6 +45,7 @@ void BoundDoubleSetting::bindTo(QDoubleSpinBox* spinBox, bool populateToolTip, b
     if (metaData.maxValue().isValid())
       spinBox->setMaximum(metaData.maxValue().toDouble());
   }
+  showWithinLimits_(spinBox, [this](double value) { setValue(value); });
   if (populateToolTip)
     setToolTip_(spinBox);
 }

@@ -32,8 +32,7 @@ void BoundIntegerSetting::updateValue_(const QVariant& value)
 namespace
 {
 
-// Applies the metadata's limits after the value, so that a widget that clamps writes the
-// clamped value back through its connection.
+// Applies the metadata's limits after the value, as bound widgets take them.
 template <typename Widget>
 void applyLimits(Widget* widget, const Settings::MetaData& metaData)
 {
@@ -54,6 +53,7 @@ void BoundIntegerSetting::bindTo(QSpinBox* spinBox, bool populateToolTip, bool p
   connect(this, &BoundIntegerSetting::valueChanged, spinBox, &QSpinBox::setValue);
   if (populateLimits)
     applyLimits(spinBox, metaData_());
+  showWithinLimits_(spinBox, [this](int value) { setValue(value); });
   if (populateToolTip)
     setToolTip_(spinBox);
 }
@@ -67,6 +67,7 @@ void BoundIntegerSetting::bindTo(QSlider* slider, bool populateToolTip, bool pop
   connect(this, &BoundIntegerSetting::valueChanged, slider, &QSlider::setValue);
   if (populateLimits)
     applyLimits(slider, metaData_());
+  showWithinLimits_(slider, [this](int value) { setValue(value); });
   if (populateToolTip)
     setToolTip_(slider);
 }

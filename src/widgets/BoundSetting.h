@@ -103,6 +103,21 @@ protected:
 
   static T fromVariant_(const QVariant& variant) { return variant.value<T>(); }
 
+  /**
+   * Shows the cached value in a bound spin box or slider once its limits are final. A widget
+   * made with its own narrow range would have clamped the value when it was first put in; here
+   * it takes the value again, and where its final limits still clamp it, the clamped value is
+   * written back so that the widget never shows what the store does not hold.
+   * @param write the derived setting's setValue, which also announces the change
+   */
+  template <typename Widget, typename Write>
+  void showWithinLimits_(Widget* widget, Write write)
+  {
+    widget->setValue(value_);
+    if (value_ < widget->minimum() || value_ > widget->maximum())
+      write(widget->value());
+  }
+
   T value_{};
 };
 

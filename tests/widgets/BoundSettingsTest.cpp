@@ -79,19 +79,38 @@ TEST_F(BoundSettings, AValueWrittenElsewhereReachesTheWidgetWithoutALoop)
 
 TEST_F(BoundSettings, LimitsComeAfterTheValueSoTheClampedValueIsWrittenBack)
 {
+  // Fresh widgets allow 0-99 only; the metadata's limits decide, not the widget's first range.
   settings.setValue("Level", 500);
-  BoundIntegerSetting setting(nullptr, settings, "Level", MetaData::makeInteger(5, "", MetaData::DEFAULT, 0, 99));
-  QSpinBox spinBox;
-  spinBox.setMaximum(1000);
-  setting.bindTo(&spinBox);
-  EXPECT_EQ(99, spinBox.value());
-  EXPECT_EQ(99, settings.value("Level").toInt());
+  BoundIntegerSetting level(nullptr, settings, "Level", MetaData::makeInteger(5, "", MetaData::DEFAULT, 0, 200));
+  QSpinBox clamped;
+  level.bindTo(&clamped);
+  EXPECT_EQ(200, clamped.value());
+  EXPECT_EQ(200, settings.value("Level").toInt()) << "the clamped value is written back";
+  EXPECT_EQ(200, level.value());
 
+  settings.setValue("Height", 150);
+  BoundIntegerSetting height(nullptr, settings, "Height", MetaData::makeInteger(5, "", MetaData::DEFAULT, 0, 200));
+  QSpinBox spinBox;
+  height.bindTo(&spinBox);
+  EXPECT_EQ(150, spinBox.value()) << "a stored value inside the limits shows as it is";
+  EXPECT_EQ(150, settings.value("Height").toInt());
   QSlider slider;
+  height.bindTo(&slider);
+  EXPECT_EQ(150, slider.value());
+
+  settings.setValue("Gap", 150.5);
+  BoundDoubleSetting gap(nullptr, settings, "Gap", MetaData::makeDouble(1.0, "", MetaData::DEFAULT, 1, 0.0, 500.0));
+  QDoubleSpinBox doubleBox;
+  gap.bindTo(&doubleBox);
+  EXPECT_DOUBLE_EQ(150.5, doubleBox.value());
+  EXPECT_DOUBLE_EQ(150.5, settings.value("Gap").toDouble());
+
+  // Without populateLimits the widget's own range holds; widget and store still agree.
+  QSlider narrow;
   BoundIntegerSetting unlimited(nullptr, settings, "Slide", MetaData::makeInteger(150));
-  slider.setRange(0, 200);
-  unlimited.bindTo(&slider, true, false);
-  EXPECT_EQ(150, slider.value()) << "without populateLimits the widget keeps its own range";
+  unlimited.bindTo(&narrow, true, false);
+  EXPECT_EQ(99, narrow.value());
+  EXPECT_EQ(99, settings.value("Slide").toInt());
 }
 
 TEST_F(BoundSettings, AComboShowsTheEnumerationAndBindsItsNumbers)
