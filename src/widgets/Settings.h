@@ -74,6 +74,11 @@ public:
   virtual int removeObserver(const QString& name, ObserverPtr observer) = 0;
   /// Removes every value.
   virtual void clear() = 0;
+  /**
+   * Removes one value. Its observers are told the value the name now reads: its metadata's
+   * default, or an invalid value when it has none. Nothing happens when no value is stored.
+   */
+  virtual void remove(const QString& name) = 0;
   /// Sets every value that has metadata back to its default.
   virtual void resetDefaults() = 0;
   /// Sets one value back to its metadata's default.

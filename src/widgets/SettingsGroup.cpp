@@ -42,13 +42,23 @@ Settings::ObserverPtr SettingsGroup::getObserver_(const ObserverPtr& observer, b
   if (!observer)
     return nullptr;
   auto it = wrappers_.find(observer.get());
-  if (it != wrappers_.end())
-    return it->second;
-  if (!create)
-    return nullptr;
-  ObserverPtr wrapper = std::make_shared<GroupObserver>(observer, getFullPath_(QString()));
-  wrappers_[observer.get()] = wrapper;
-  return wrapper;
+  if (it == wrappers_.end())
+  {
+    if (!create)
+      return nullptr;
+    it = wrappers_.emplace(observer.get(), Wrapper{std::make_shared<GroupObserver>(observer, getFullPath_(QString()))}).first;
+  }
+  // Every call that creates registers the wrapper once more with the store.
+  if (create)
+    ++it->second.registrations;
+  return it->second.observer;
+}
+
+void SettingsGroup::releaseObserver_(const ObserverPtr& observer)
+{
+  auto it = wrappers_.find(observer.get());
+  if (it != wrappers_.end() && --it->second.registrations <= 0)
+    wrappers_.erase(it);
 }
 
 void SettingsGroup::setValue(const QString& name, const QVariant& value) { settings_->setValue(getFullPath_(name), value); }
@@ -102,25 +112,28 @@ int SettingsGroup::addObserver(const QString& name, ObserverPtr observer)
 int SettingsGroup::removeObserver(ObserverPtr observer)
 {
   ObserverPtr wrapper = getObserver_(observer, false);
-  return wrapper ? settings_->removeObserver(wrapper) : 1;
+  if (!wrapper || settings_->removeObserver(wrapper) != 0)
+    return 1;
+  releaseObserver_(observer);
+  return 0;
 }
 
 int SettingsGroup::removeObserver(const QString& name, ObserverPtr observer)
 {
   ObserverPtr wrapper = getObserver_(observer, false);
-  return wrapper ? settings_->removeObserver(getFullPath_(name), wrapper) : 1;
+  if (!wrapper || settings_->removeObserver(getFullPath_(name), wrapper) != 0)
+    return 1;
+  releaseObserver_(observer);
+  return 0;
 }
 
 void SettingsGroup::clear()
 {
-  // The store has no removal of one name, so the branch is cleared by rewriting the rest.
-  QMap<QString, QVariant> kept;
-  for (const QString& name : settings_->allNames())
-    if (!name.startsWith(getFullPath_(QString())))
-      kept[name] = settings_->value(name);
-  settings_->clear();
-  SettingsMemento(kept).restore(*settings_);
+  for (const QString& name : allNames())
+    remove(name);
 }
+
+void SettingsGroup::remove(const QString& name) { settings_->remove(getFullPath_(name)); }
 
 void SettingsGroup::resetDefaults()
 {

@@ -35,8 +35,9 @@ public:
   int addObserver(const QString& name, ObserverPtr observer) override;
   int removeObserver(ObserverPtr observer) override;
   int removeObserver(const QString& name, ObserverPtr observer) override;
-  /// Removes the branch's values only.
+  /// Removes the branch's values only; only the observers of those values hear of it.
   void clear() override;
+  void remove(const QString& name) override;
   void resetDefaults() override;
   void resetDefaults(const QString& name) override;
   void saveWidget(QWidget* widget) override;
@@ -50,10 +51,19 @@ public:
 private:
   QString getFullPath_(const QString& name) const;
   ObserverPtr getObserver_(const ObserverPtr& observer, bool create);
+  /// Counts one registration fewer of the wrapper of observer, and forgets it at none.
+  void releaseObserver_(const ObserverPtr& observer);
+
+  /// The observer the store holds for a caller's observer, and how often it is registered.
+  struct Wrapper
+  {
+    ObserverPtr observer;
+    int registrations = 0;
+  };
 
   Settings* settings_;
   QString group_;
-  std::map<Observer*, ObserverPtr> wrappers_; // the caller's observer to the one the store holds
+  std::map<Observer*, Wrapper> wrappers_;
 };
 
 using SettingsGroupPtr = std::shared_ptr<SettingsGroup>;

@@ -49,7 +49,15 @@ void SettingsImpl::setValue(const QString& name, const QVariant& value, const Me
 
 void SettingsImpl::setValue(const QString& name, const QVariant& value, ObserverPtr skip) { store_(name, value, skip); }
 
-QVariant SettingsImpl::value(const QString& name) const { return typed_(name, values_.value(name)); }
+QVariant SettingsImpl::value(const QString& name) const
+{
+  auto it = values_.find(name);
+  if (it != values_.end())
+    return typed_(name, it.value());
+  // A name without a value reads as its default.
+  auto meta = metaData_.find(name);
+  return meta == metaData_.end() ? QVariant() : meta.value().defaultValue();
+}
 
 QVariant SettingsImpl::value(const QString& name, const MetaData& metaData)
 {
@@ -115,6 +123,14 @@ void SettingsImpl::clear()
   values_.clear();
   file_->clear();
   file_->sync();
+}
+
+void SettingsImpl::remove(const QString& name)
+{
+  if (values_.remove(name) == 0)
+    return;
+  file_->remove(name);
+  notify_(name, value(name), nullptr);
 }
 
 void SettingsImpl::resetDefaults()

@@ -38,6 +38,7 @@ public:
   int removeObserver(ObserverPtr observer) override;
   int removeObserver(const QString& name, ObserverPtr observer) override;
   void clear() override;
+  void remove(const QString& name) override;
   void resetDefaults() override;
   void resetDefaults(const QString& name) override;
   void saveWidget(QWidget* widget) override;

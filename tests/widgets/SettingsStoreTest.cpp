@@ -152,4 +152,51 @@ TEST_F(SettingsStore, AGroupIsABranchSeenWithoutItsPath)
   EXPECT_EQ(2, settings.value("Outside").toInt()) << "clearing a group keeps the rest";
 }
 
+TEST_F(SettingsStore, ClearingAGroupTellsOnlyTheGroupsObservers)
+{
+  SettingsImpl settings(path());
+  settings.setValue("Outside", 1);
+  settings.setValue("Private/Other/Kept", "yes");
+  auto group = std::make_shared<SettingsGroup>(&settings, "Private/ScenarioEditor");
+  group->setValue("Gap", 12.0, Settings::MetaData::makeDouble(15.0));
+  group->setValue("Name", "Hawk");
+  auto inside = std::make_shared<Recorder>();
+  auto outside = std::make_shared<Recorder>();
+  group->addObserver("Gap", inside);
+  settings.addObserver(outside);
+  outside->changes.clear();
+
+  group->clear();
+  EXPECT_TRUE(group->allNames().isEmpty());
+  EXPECT_EQ(QStringList({"Outside", "Private/Other/Kept"}), settings.allNames());
+  ASSERT_EQ(1, inside->changes.size()) << "the group's own observer hears its value go";
+  EXPECT_EQ("Gap", inside->changes[0].first);
+  EXPECT_EQ(15.0, inside->changes[0].second.toDouble()) << "a cleared value reads as its default";
+  EXPECT_EQ(15.0, group->value("Gap").toDouble());
+  ASSERT_EQ(2, outside->changes.size()) << "the store's observer hears the two removals, nothing else";
+  for (const auto& change : outside->changes)
+    EXPECT_TRUE(change.first.startsWith("Private/ScenarioEditor/")) << change.first.toStdString();
+
+  SettingsImpl reread(path());
+  EXPECT_FALSE(reread.contains("Private/ScenarioEditor/Gap")) << "the file forgets them too";
+  EXPECT_TRUE(reread.contains("Outside"));
+}
+
+TEST_F(SettingsStore, AGroupLetsGoOfAnObserverOnceItIsRemovedEverywhere)
+{
+  SettingsImpl settings(path());
+  auto group = std::make_shared<SettingsGroup>(&settings, "Tab");
+  auto observer = std::make_shared<Recorder>();
+  std::weak_ptr<Recorder> watch = observer;
+  group->addObserver("A", observer);
+  group->addObserver("B", observer);
+  EXPECT_EQ(0, group->removeObserver("A", observer));
+  group->setValue("B", 2);
+  EXPECT_EQ(1, observer->changes.size()) << "still registered for B";
+  EXPECT_EQ(0, group->removeObserver("B", observer));
+  EXPECT_EQ(1, group->removeObserver("B", observer)) << "nothing left to remove";
+  observer.reset();
+  EXPECT_TRUE(watch.expired()) << "the group keeps no wrapper, and so no observer, alive";
+}
+
 } // namespace
