@@ -186,6 +186,10 @@ public:
   {
     const auto* trim = static_cast<const TrimPoints*>(other);
     kinds_.insert(trim->kinds_.begin(), trim->kinds_.end());
+    // The first table found stays the one trimmed; a line begun by category or generic data has
+    // none yet and takes the first that arrives.
+    if (table_ == 0)
+      table_ = trim->table_;
   }
   int apply() override
   {

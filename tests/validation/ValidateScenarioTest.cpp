@@ -275,3 +275,31 @@ TEST_F(Validation, TheViewOffersEachRepairOnceAndValidateAgainOnlyAfterOne)
   EXPECT_FALSE(solutionButton(*tree, 1, 2)->isEnabled());
   EXPECT_TRUE(validate->isEnabled()) << "a repair makes a new pass worth running";
 }
+
+TEST_F(Validation, ATableOutOfRangeAfterCategoryDataIsTrimmedByTheJoinedLine)
+{
+  // Category data are examined before tables, so the line begins with a trim of no table.
+  const UniqueID_t hawk = platform("Hawk", {10, 20});
+  category(hawk, 5, "Early");
+  table(hawk, "Telemetry", {5, 15, 25});
+  auto found = issues();
+  ASSERT_EQ(1u, found.size());
+  std::vector<ValidateScenario::Solution*> solutions;
+  found[0]->getSolutions(solutions);
+  ASSERT_EQ(2u, solutions.size());
+  EXPECT_EQ("Remove points until the points are within the time range of the host entity.\n"
+            "Applies to the following: Category Data, Data Table",
+            solutions[1]->toolTip());
+  ASSERT_EQ(0, solutions[1]->apply());
+  long remade = 0;
+  ASSERT_EQ(1, PIData::findDataTable(hawk, "Telemetry", &remade));
+  std::vector<long> columns;
+  PIData::getDataTableColumns(remade, &columns);
+  PIData::TableColumnIterator rows;
+  PIData::getDataTableColumnValueIterator(remade, columns[0], 0.0, &rows);
+  ASSERT_TRUE(rows.isValid());
+  EXPECT_EQ(15.0, rows.getTime()) << "the rows outside the platform's span went";
+  rows.next();
+  EXPECT_FALSE(rows.isValid());
+  EXPECT_TRUE(issues().empty());
+}
