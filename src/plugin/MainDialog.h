@@ -27,6 +27,7 @@ class ServiceClient;
 namespace PluginUtils
 {
 class EntityTreeModel;
+class QtCategoryFilter;
 class QtCenterEntity;
 }
 
@@ -74,6 +75,8 @@ public:
 
   kelQt::EntityTreeComposite& entityTreeComposite() const { return *entityTreeComposite_; }
   PluginUtils::EntityTreeModel& entityTreeModel() const { return *treeModel_; }
+  /// The category filter of the tree, which follows the scenario's categories through the events.
+  PluginUtils::QtCategoryFilter& categoryFilter() const { return *categoryFilter_; }
   QTabWidget& tabWidget() const { return *tabWidget_; }
   /// Appends a tab, which the window owns from then on. @param title its text, and its object name
   void addTab(TabWidget* tab, const QString& title);
@@ -111,6 +114,7 @@ private:
   PluginUtils::EntityTreeModel* treeModel_;
   kelQt::EntityTreeComposite* entityTreeComposite_;
   PluginUtils::QtCenterEntity* centerEntity_;
+  PluginUtils::QtCategoryFilter* categoryFilter_ = nullptr; ///< owned by the tree's proxy
   QTabWidget* tabWidget_;
   int currentTab_ = -1;
   QTimer* timer_;

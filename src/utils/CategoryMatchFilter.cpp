@@ -2,6 +2,7 @@
 
 #include "host/PIDataCategories.h"
 #include "host/PIDataClock.h"
+#include "host/Notify.h"
 
 #include <sstream>
 
@@ -38,7 +39,10 @@ bool passes(const std::map<int, bool>& values, int entry)
 bool CategoryDataMatch(const mCategoryValuesCheck* checks, const std::map<int, int>& values)
 {
   if (!checks)
+  {
+    PICommon::Notify(PICommon::NOTIFY_ERROR) << "ERROR:  Unexpected NULL\n";
     return false;
+  }
   for (const auto& [category, check] : *checks)
   {
     if (category == RESERVED_CATEGORY || check.values.empty() || !check.checked)
@@ -75,9 +79,16 @@ std::string GetCategoryChecksString(const mCategoryValuesCheck& checks, const Ca
   {
     if (category == RESERVED_CATEGORY)
       continue;
+    const std::string name = manager.getCategoryNameString(category);
+    if (name.empty())
+    {
+      // Checks of a category the manager does not know cannot be named, so are not kept.
+      PICommon::Notify(PICommon::NOTIFY_ERROR) << "ERROR:  Unexpected value.\n";
+      continue;
+    }
     if (!text.empty())
       text += categorySeparator;
-    text += manager.getCategoryNameString(category) + valueSeparator + (check.checked ? "1" : "0");
+    text += name + valueSeparator + (check.checked ? "1" : "0");
     for (const auto& [value, on] : check.values)
     {
       const std::string name = value == UNLISTED_VALUE ? UNLISTED_TEXT
@@ -118,6 +129,16 @@ CategoryMatchFilter::CategoryMatchFilter(CategoryManager& manager, bool reserved
 CategoryCheck& CategoryMatchFilter::category_(int category)
 {
   CategoryCheck& check = checks_[category];
+  if (!check.checked)
+  {
+    // A category not filtered on let every value pass: it starts filtering with each checked.
+    const auto strings = manager_.categories().find(category);
+    if (strings != manager_.categories().end())
+    {
+      for (int value : strings->second.values())
+        check.values.emplace(value, true);
+    }
+  }
   check.checked = true;
   if (reservedEntries_)
   {
@@ -141,9 +162,17 @@ void CategoryMatchFilter::checkAll(bool on)
 
 void CategoryMatchFilter::checkCategory(const std::string& name, bool on)
 {
+  if (name.empty())
+  {
+    PICommon::Notify(PICommon::NOTIFY_ERROR) << "ERROR:  Unexpected empty string.\n";
+    return;
+  }
   const int category = manager_.findCategory(name);
   if (category < 0)
+  {
+    PICommon::Notify(PICommon::NOTIFY_ERROR) << "ERROR:  Unexpected failure to find item\n";
     return;
+  }
   CategoryCheck& check = category_(category);
   for (int value : manager_.categories().at(category).values())
     check.values[value] = on;
@@ -153,6 +182,11 @@ void CategoryMatchFilter::checkCategory(const std::string& name, bool on)
 
 void CategoryMatchFilter::checkValue(const std::string& name, const std::string& value, bool on)
 {
+  if (name.empty())
+  {
+    PICommon::Notify(PICommon::NOTIFY_ERROR) << "ERROR:  Unexpected empty string.\n";
+    return;
+  }
   int category = -1;
   int number = -1;
   manager_.addAndGetCategoryNameAndValue(name, value, category, number);

@@ -1,8 +1,6 @@
 #include "utils/QtCategoryFilter.h"
 
-#include "host/PIDataCategories.h"
 #include "host/PIDataEntities.h"
-#include "host/PIDataScenario.h"
 #include "utils/QtCategoryFilterWidget.h"
 
 namespace PluginUtils
@@ -12,32 +10,38 @@ const QString QtCategoryFilter::CATEGORY_FILTER_KEY = "CategoryFilter";
 const QString QtCategoryFilter::COLLAPSED_KEY = "CollapsedCategories";
 
 QtCategoryFilter::QtCategoryFilter(bool showUnlisted, bool showNoValue, QObject* parent)
-  : kelQt::EntityFilter(parent), match_(manager_, showUnlisted || showNoValue), showUnlisted_(showUnlisted),
-    showNoValue_(showNoValue)
+  : kelQt::EntityFilter(parent), match_(manager_.categoryManager(), showUnlisted || showNoValue),
+    showUnlisted_(showUnlisted), showNoValue_(showNoValue)
 {
+  manager_.addListener(this);
   syncListsToScenario();
 }
 
+QtCategoryFilter::~QtCategoryFilter() { manager_.removeListener(this); }
+
 void QtCategoryFilter::syncListsToScenario()
 {
-  if (!PIData::isScenarioInitialized())
-    return;
-  // The scenario's categories: every name and value that any platform holds.
-  const std::string saved = match_.saveToString();
-  manager_.clear();
-  std::vector<UniqueID_t> platforms;
-  PIData::getPlatformList(&platforms);
-  for (UniqueID_t platform : platforms)
-  {
-    std::vector<PIData::PICategoryDataPoint> items;
-    PIData::retrieveAllCategoryData(platform, &items);
-    int category = 0;
-    int value = 0;
-    for (const auto& item : items)
-      manager_.addAndGetCategoryNameAndValue(item.name, item.value, category, value);
-  }
-  // The checks are kept by text, so renumbering loses none of them.
-  match_.loadFromString(saved);
+  // The manager renumbers as it reads; the checks come back by text afterwards.
+  checksBeforeSync_ = match_.saveToString();
+  manager_.syncListsToScenario(true);
+}
+
+void QtCategoryFilter::syncedToScenario()
+{
+  if (!checksBeforeSync_.empty())
+    match_.loadFromString(checksBeforeSync_);
+  checksBeforeSync_.clear();
+  emit listsChanged();
+}
+
+void QtCategoryFilter::listenToEvents(PIApplicationEvents_t event, void* data)
+{
+  checksBeforeSync_ = match_.saveToString();
+  manager_.listenToEvents(event, data);
+  checksBeforeSync_.clear();
+  const bool valuesMayChange = event == PI_EVENT_SCENARIO_RESET || event == PI_EVENT_ENTITY_DATA_CHANGED;
+  if (valuesMayChange && !match_.checks().empty())
+    emit filterUpdated();
 }
 
 bool QtCategoryFilter::acceptEntity(unsigned long id) const
@@ -51,10 +55,12 @@ bool QtCategoryFilter::acceptEntity(unsigned long id) const
 
 QWidget* QtCategoryFilter::widget(QWidget* parent) const
 {
+  // Read again on opening as well: a plug-in may change category data without announcing it.
   auto* self = const_cast<QtCategoryFilter*>(this);
   self->syncListsToScenario();
   auto* editor = new QtCategoryFilterWidget(self, parent);
   connect(editor, &QtCategoryFilterWidget::categoryFilterChanged, self, &QtCategoryFilter::categoryFilterChanged);
+  connect(self, &QtCategoryFilter::listsChanged, editor, &QtCategoryFilterWidget::updateTree);
   return editor;
 }
 

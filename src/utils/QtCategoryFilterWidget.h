@@ -18,7 +18,7 @@ public:
   /// @param filter the filter edited; it outlives the editor
   QtCategoryFilterWidget(QtCategoryFilter* filter, QWidget* parent = nullptr);
 
-  /// Builds the tree again from the filter's categories and checks.
+  /// Builds the tree again from the filter's categories and checks, keeping collapsed categories collapsed.
   void updateTree();
   QTreeWidget* tree() const { return tree_; }
 
@@ -27,6 +27,8 @@ signals:
   void categoryFilterChanged();
 
 private:
+  /// Sets every check box from the filter's checks, keeping the items.
+  void updateChecks_();
   void categoryFilterClicked_(QTreeWidgetItem* item, int column);
   void updateCollapsedState_(QTreeWidgetItem* item);
 

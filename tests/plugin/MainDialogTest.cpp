@@ -7,6 +7,7 @@
 #include "plugin/TabWidget.h"
 #include "support/ServerFixture.h"
 #include "utils/EntityTreeModel.h"
+#include "utils/QtCategoryFilter.h"
 #include "widgets/EntityTreeComposite.h"
 
 #include <QAbstractButton>
@@ -17,6 +18,8 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+
+#include <set>
 
 namespace
 {
@@ -227,4 +230,16 @@ TEST_F(EditorWindow, ChangesReportedByActionsRefreshTheTree)
   QtSep::fireChangeCallback(sample.platform);
   const QModelIndex row = dialog->entityTreeModel().indexOf(sample.platform);
   EXPECT_EQ("Osprey", row.data().toString());
+}
+
+TEST_F(EditorWindow, TheTreesCategoryFilterFollowsTheEvents)
+{
+  PIData::PICategoryDataPoint side{-1.0, "Side", "Red"};
+  PIData::addCategoryData(sample.platform, &side);
+  std::set<UniqueID_t> changed{sample.platform};
+  dialog->listenToEvents(PI_EVENT_ENTITY_DATA_CHANGED, &changed);
+  const CategoryManager& lists = dialog->categoryFilter().manager().categoryManager();
+  const int category = lists.findCategory("Side");
+  ASSERT_GE(category, 0) << "new category data reach the filter's lists";
+  EXPECT_GE(lists.categories().at(category).findValue("Red"), 0);
 }

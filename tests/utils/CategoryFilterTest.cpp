@@ -8,11 +8,12 @@
 #include <QSignalSpy>
 #include <QTreeWidget>
 
+#include <set>
+
 using namespace PUCategoryFilter;
 
 TEST(CategoryMatch, EachCategoryFilteredOnDecidesByItsEntries)
 {
-  EXPECT_FALSE(CategoryDataMatch(nullptr, {}));
   mCategoryValuesCheck checks;
   EXPECT_TRUE(CategoryDataMatch(&checks, {{0, 1}})) << "no checks, no constraint";
 
@@ -139,4 +140,82 @@ TEST_F(CategoryFiltering, TheEditorIsATreeOfCheckBoxes)
 
   tree->topLevelItem(0)->setCheckState(0, Qt::Checked);
   EXPECT_TRUE(filter.acceptEntity(blue)) << "all categories checked again";
+}
+
+TEST_F(CategoryFiltering, AClickChangesTheChecksInPlace)
+{
+  // Qt is still inside the clicked item's change when the filter hears of it: the items must
+  // stay, or Qt goes on with a deleted one.
+  PluginUtils::QtCategoryFilter filter(true, true);
+  std::unique_ptr<QWidget> editor(filter.widget(nullptr));
+  auto* tree = editor->findChild<QTreeWidget*>("CategoryFilterTree");
+  QTreeWidgetItem* root = tree->topLevelItem(0);
+  QTreeWidgetItem* side = root->child(0);
+  QTreeWidgetItem* blueItem = side->child(1);
+  blueItem->setCheckState(0, Qt::Unchecked);
+  EXPECT_EQ(root, tree->topLevelItem(0));
+  EXPECT_EQ(blueItem, tree->topLevelItem(0)->child(0)->child(1)) << "the clicked item is the same item";
+  EXPECT_EQ(Qt::Unchecked, side->checkState(0));
+  EXPECT_EQ(Qt::Unchecked, root->checkState(0));
+  EXPECT_EQ(Qt::Checked, side->child(0)->checkState(0));
+
+  side->setCheckState(0, Qt::Checked);
+  EXPECT_EQ(Qt::Checked, blueItem->checkState(0)) << "checking a category checks its values";
+  EXPECT_EQ(Qt::Checked, root->checkState(0));
+  EXPECT_TRUE(filter.acceptEntity(blue));
+}
+
+TEST_F(CategoryFiltering, TheListsFollowTheScenario)
+{
+  PluginUtils::QtCategoryFilter filter(true, true);
+  filter.matchFilter().checkValue("Side", "Blue", false);
+  std::unique_ptr<QWidget> editor(filter.widget(nullptr));
+  auto* tree = editor->findChild<QTreeWidget*>("CategoryFilterTree");
+  const auto valuesOf = [tree](int category) {
+    QStringList texts;
+    QTreeWidgetItem* item = tree->topLevelItem(0)->child(category);
+    for (int i = 0; item && i < item->childCount(); ++i)
+      texts << item->child(i)->text(0);
+    return texts;
+  };
+
+  // New data on a platform, announced as the host announces it.
+  PIData::PICategoryDataPoint green{10.0, "Side", "Green"};
+  PIData::addCategoryData(bare, &green);
+  PIData::PICategoryDataPoint threat{-1.0, "Threat", "High"};
+  PIData::addCategoryData(bare, &threat);
+  QSignalSpy updated(&filter, &kelQt::EntityFilter::filterUpdated);
+  std::set<UniqueID_t> changed{bare};
+  filter.listenToEvents(PI_EVENT_ENTITY_DATA_CHANGED, &changed);
+  ASSERT_EQ(2, tree->topLevelItem(0)->childCount()) << "the open editor shows the new category";
+  EXPECT_EQ((QStringList{"Red", "Blue", "Green", "Unlisted Value", "No Value"}), valuesOf(0));
+  EXPECT_EQ(Qt::Unchecked, tree->topLevelItem(0)->child(0)->child(1)->checkState(0)) << "Blue stays unchecked";
+  EXPECT_GE(updated.count(), 1) << "values in force may have changed: the tree filters again";
+
+  // Another scenario altogether: the lists are read anew, the checks kept by their text (so a
+  // value the checks name stays listed after it left the scenario).
+  PIData::deleteScenario();
+  PIData::initializeScenario();
+  const UniqueID_t again = platform("Blue Two", "Blue");
+  platform("Amber One", "Amber");
+  filter.listenToEvents(PI_EVENT_SCENARIO_RESET, nullptr);
+  ASSERT_EQ(1, tree->topLevelItem(0)->childCount());
+  EXPECT_EQ((QStringList{"Blue", "Amber", "Red", "Unlisted Value", "No Value"}), valuesOf(0));
+  EXPECT_FALSE(filter.acceptEntity(again)) << "Blue is still filtered out after the renumbering";
+}
+
+TEST_F(CategoryFiltering, UnexpectedStatesAreWrittenToTheNotifications)
+{
+  services.notifications.clear();
+  EXPECT_FALSE(CategoryDataMatch(nullptr, {}));
+  CategoryManager manager;
+  CategoryMatchFilter filter(manager, true);
+  filter.checkCategory("", true);
+  filter.checkCategory("Nothing Like It", true);
+  std::vector<std::string> lines;
+  for (const auto& [text, severity] : services.notifications)
+    lines.push_back(text);
+  EXPECT_EQ((std::vector<std::string>{"ERROR:  Unexpected NULL\n", "ERROR:  Unexpected empty string.\n",
+                                      "ERROR:  Unexpected failure to find item\n"}),
+            lines);
 }
