@@ -4,15 +4,17 @@
 #include "host/PIDataClock.h"
 #include "host/PIDataEntities.h"
 #include "host/PIDataScenario.h"
+#include "widgets/GuardedDialog.h"
 
 namespace QtSep
 {
 
 int createScenario(QWidget* parent)
 {
-  ScenarioPropertiesDialog dialog(true, parent);
-  if (dialog.exec() != QDialog::Accepted)
+  kelQt::GuardedDialog<ScenarioPropertiesDialog> guarded(true, parent);
+  if (guarded.exec() != QDialog::Accepted)
     return 1;
+  const ScenarioPropertiesDialog& dialog = *guarded;
   if (PIData::isScenarioInitialized())
   {
     PIData::clockStop();

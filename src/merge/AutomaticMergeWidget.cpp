@@ -7,6 +7,7 @@
 #include "plugin/ActionUtilities.h"
 #include "ui_AutomaticMergeWidget.h"
 #include "widgets/FormatTooltip.h"
+#include "widgets/GuardedDialog.h"
 
 #include <QMessageBox>
 
@@ -48,7 +49,8 @@ AutomaticMergeWidget::~AutomaticMergeWidget() = default;
 
 void AutomaticMergeWidget::warn_(const QString& text)
 {
-  QMessageBox::warning(this, "Merge Error", text);
+  // Every caller returns after the warning, which may outlive this tab.
+  kelQt::GuardedDialog<QMessageBox>(QMessageBox::Warning, tr("Merge Error"), text, QMessageBox::Ok, this).exec();
 }
 
 void AutomaticMergeWidget::clearGroups_()

@@ -7,6 +7,7 @@
 #include "host/ServiceClient.h"
 #include "host/SignalInterface.h"
 #include "utils/ConfirmDialog.h"
+#include "widgets/GuardedDialog.h"
 
 namespace QtSep
 {
@@ -27,11 +28,11 @@ int verifyAction(const QString& title, const QString& text, const std::string& k
 {
   if (!PURegistry::loadReg(true, key))
     return 0;
-  UTILS::ConfirmDialog dialog(text, "Do not ask again", parent);
-  dialog.setWindowTitle(title);
+  kelQt::GuardedDialog<UTILS::ConfirmDialog> dialog(text, "Do not ask again", parent);
+  dialog->setWindowTitle(title);
   if (dialog.exec() != QDialog::Accepted)
     return 1;
-  if (dialog.isChecked())
+  if (dialog->isChecked())
     PURegistry::saveReg(key, false);
   return 0;
 }

@@ -10,6 +10,7 @@
 #include "utils/QtCenterEntity.h"
 #include "utils/SerializeTreeFilters.h"
 #include "widgets/EntityTreeComposite.h"
+#include "widgets/GuardedDialog.h"
 
 #include <QMainWindow>
 #include <QMenu>
@@ -92,7 +93,8 @@ void MainDialog::buildTree_()
   treeModel_->forceRefresh();
   entityTreeComposite_->setModel(treeModel_);
   entityTreeComposite_->setUseEntityIcons(true);
-  entityTreeComposite_->addEntityFilter(new PluginUtils::QtCategoryFilter(true, true));
+  categoryFilter_ = new PluginUtils::QtCategoryFilter(true, true);
+  entityTreeComposite_->addEntityFilter(categoryFilter_);
   PluginUtils::SerializeTreeFilters::restoreFromSettings(*entityTreeComposite_, TREE_FILTERS_KEY);
   centerEntity_ = new PluginUtils::QtCenterEntity(*entityTreeComposite_, this);
   entityTreeComposite_->setTreeViewActionEnabled(true);
@@ -147,6 +149,7 @@ void MainDialog::listenToEvents(PIApplicationEvents_t event, void* data)
 {
   // Tabs see a reset or a removal before the tree drops the entities.
   const bool treeLast = event == PI_EVENT_SCENARIO_RESET || event == PI_EVENT_ENTITY_REMOVED;
+  categoryFilter_->listenToEvents(event, data);
   if (!treeLast)
     treeModel_->listenToEvents(event, data);
   for (TabWidget* tab : tabs_())
@@ -234,8 +237,12 @@ void MainDialog::setTabWidget_(int index)
   TabWidget* old = currentTab_ >= 0 && currentTab_ < static_cast<int>(tabs.size()) ? tabs[currentTab_] : nullptr;
   if (old && old->dirty())
   {
-    const auto answer = QMessageBox::question(this, "Unsaved Changes",
-      "Switching tabs will result in loss of unsaved changes.  Still switch tabs?", QMessageBox::Yes | QMessageBox::No);
+    kelQt::GuardedDialog<QMessageBox> question(QMessageBox::Question, tr("Unsaved Changes"),
+      tr("Switching tabs will result in loss of unsaved changes.  Still switch tabs?"),
+      QMessageBox::Yes | QMessageBox::No, this);
+    const int answer = question.exec();
+    if (!question.alive())
+      return; // the window went while the question was open
     if (answer != QMessageBox::Yes)
     {
       // Put the old tab back without coming here again.

@@ -5,6 +5,7 @@
 #include "plugin/ActionUtilities.h"
 #include "plugin/UnitsWidget.h"
 #include "validation/ValidateScenarioWidget.h"
+#include "widgets/GuardedDialog.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -41,39 +42,39 @@ QPushButton* MiscellaneousWidget::addRow_(const QString& label, const QString& t
 
 void MiscellaneousWidget::editScenario_()
 {
-  ScenarioPropertiesDialog dialog(false, this);
+  kelQt::GuardedDialog<ScenarioPropertiesDialog> dialog(false, this);
   if (dialog.exec() != QDialog::Accepted)
     return;
-  applyScenarioProperties(dialog);
+  applyScenarioProperties(*dialog);
   fireChangeCallback(0UL);
 }
 
 void MiscellaneousWidget::validate_()
 {
-  QDialog dialog(this);
-  dialog.setObjectName("ValidateDialog");
-  dialog.setWindowTitle("Validate Scenario");
-  auto* view = new ValidateScenarioWidget(&dialog);
+  kelQt::GuardedDialog<QDialog> dialog(this);
+  dialog->setObjectName("ValidateDialog");
+  dialog->setWindowTitle("Validate Scenario");
+  auto* view = new ValidateScenarioWidget(dialog.get());
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-  connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-  auto* column = new QVBoxLayout(&dialog);
+  connect(buttons, &QDialogButtonBox::rejected, dialog.get(), &QDialog::reject);
+  auto* column = new QVBoxLayout(dialog.get());
   column->addWidget(view);
   column->addWidget(buttons);
-  dialog.resize(700, 400);
   view->validate();
+  dialog->resize(dialog->sizeHint().expandedTo(QSize(700, 400)));
   dialog.exec();
 }
 
 void MiscellaneousWidget::editUnits_()
 {
-  QDialog dialog(this);
-  dialog.setObjectName("UnitsDialog");
-  dialog.setWindowTitle("Edit Units");
-  auto* page = new UnitsWidget(&dialog);
+  kelQt::GuardedDialog<QDialog> dialog(this);
+  dialog->setObjectName("UnitsDialog");
+  dialog->setWindowTitle("Edit Units");
+  auto* page = new UnitsWidget(dialog.get());
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-  connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-  auto* column = new QVBoxLayout(&dialog);
+  connect(buttons, &QDialogButtonBox::accepted, dialog.get(), &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, dialog.get(), &QDialog::reject);
+  auto* column = new QVBoxLayout(dialog.get());
   column->addWidget(page);
   column->addWidget(buttons);
   if (dialog.exec() != QDialog::Accepted)

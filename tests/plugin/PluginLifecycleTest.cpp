@@ -8,16 +8,31 @@
 #include "plugin/QtScenarioEditorPlugin.h"
 #include "server/ContextMenu.h"
 #include "server/PluginMenu.h"
+#include "plugin/TabWidget.h"
 #include "support/ServerFixture.h"
+#include "support/WhenShown.h"
 #include "utils/EntityTreeModel.h"
 
 #include <QApplication>
-#include <QTimer>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabWidget>
 
 using QtSep::QtScenarioEditorPlugin;
 
 namespace
 {
+
+/// A tab that always has unsaved edits.
+class DirtyTab : public QtSep::TabWidget
+{
+public:
+  void setTabActive(bool) override {}
+  void listenToEvents(PIApplicationEvents_t, void*) override {}
+  int handleMouseEvent(PIGUI::PIMouseEventType_t, const PIGUI::PIMouseEvent&) override { return 0; }
+  void applyUnitsChange() override {}
+  bool dirty() const override { return true; }
+};
 
 class PluginLifecycle : public ServerFixture
 {
@@ -34,13 +49,10 @@ protected:
   const kelvor::PluginMenu::Item& menuItem() { return server.pluginMenu().items().at(0); }
 
   /// Answers the next scenario properties dialog.
-  void answerNewScenario(bool accept)
+  static std::unique_ptr<WhenShown<QtSep::ScenarioPropertiesDialog>> answerNewScenario(bool accept)
   {
-    QTimer::singleShot(50, [accept] {
-      auto* dialog = qobject_cast<QtSep::ScenarioPropertiesDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(nullptr, dialog);
-      accept ? dialog->accept() : dialog->reject();
-    });
+    return std::make_unique<WhenShown<QtSep::ScenarioPropertiesDialog>>(
+      [accept](QtSep::ScenarioPropertiesDialog& dialog) { accept ? dialog.accept() : dialog.reject(); });
   }
 
   /// The labels of a host menu, sub-menus as "name[...]", in weight order.
@@ -107,13 +119,17 @@ TEST_F(PluginLifecycle, StartsWithAMenuItemThatFollowsTheClockMode)
 TEST_F(PluginLifecycle, TheMenuItemOffersANewScenarioFirstWhenNoneIsLoaded)
 {
   ASSERT_EQ(0, plugin.StartUp(arguments));
-  answerNewScenario(false);
-  EXPECT_EQ(1, kelvor::PluginMenu::activate(menuItem()));
+  {
+    const auto answer = answerNewScenario(false);
+    EXPECT_EQ(1, kelvor::PluginMenu::activate(menuItem()));
+  }
   EXPECT_EQ(nullptr, plugin.mainDialog()) << "cancelled: no window made";
   EXPECT_FALSE(PIData::isScenarioInitialized());
 
-  answerNewScenario(true);
-  EXPECT_EQ(1, kelvor::PluginMenu::activate(menuItem()));
+  {
+    const auto answer = answerNewScenario(true);
+    EXPECT_EQ(1, kelvor::PluginMenu::activate(menuItem()));
+  }
   ASSERT_NE(nullptr, plugin.mainDialog());
   EXPECT_TRUE(plugin.mainDialog()->isVisible());
   EXPECT_TRUE(plugin.actionManager()->dialogActionsEnabled()) << "the window exists, so its actions may open it";
@@ -141,6 +157,41 @@ TEST_F(PluginLifecycle, EventsReachTheWindowAndClosingTheScenarioDropsIt)
   EXPECT_EQ(0, plugin.handleMouseEvent(PIGUI::PIMouseEventType_t(0), mouse));
 }
 
+TEST_F(PluginLifecycle, ClosingTheScenarioWhileADialogOfTheWindowIsOpenLosesNothing)
+{
+  // The host may close the scenario from inside any dialog's event loop; the window and its
+  // tabs go with their open dialog, which must not be destroyed a second time.
+  createSampleEntities();
+  ASSERT_EQ(0, plugin.StartUp(arguments));
+  const auto openWindow = [this] {
+    kelvor::PluginMenu::activate(menuItem());
+    return plugin.mainDialog();
+  };
+  const auto closeScenario = [this](QWidget&) { plugin.listenToEvents(PI_EVENT_SCENARIO_CLOSING, nullptr); };
+  for (const char* button : {"editPushButton", "unitsPushButton", "validatePushButton"})
+  {
+    QtSep::MainDialog* window = openWindow();
+    ASSERT_NE(nullptr, window);
+    auto* misc = window->tab("Miscellaneous");
+    ASSERT_NE(nullptr, misc);
+    WhenShown<QDialog> closing([&](QDialog& dialog) { closeScenario(dialog); });
+    misc->findChild<QPushButton*>(button)->click();
+    EXPECT_TRUE(closing.acted()) << button;
+    EXPECT_EQ(nullptr, plugin.mainDialog()) << button;
+  }
+
+  // The question on switching away from a tab with unsaved edits.
+  QtSep::MainDialog* window = openWindow();
+  ASSERT_NE(nullptr, window);
+  auto* dirty = new DirtyTab;
+  window->addTab(dirty, "Dirty");
+  window->tabWidget().setCurrentWidget(dirty);
+  WhenShown<QMessageBox> closing([&](QMessageBox& box) { closeScenario(box); });
+  window->tabWidget().setCurrentIndex(0);
+  EXPECT_TRUE(closing.acted());
+  EXPECT_EQ(nullptr, plugin.mainDialog());
+}
+
 TEST_F(PluginLifecycle, ARightClickInTheViewGetsASubMenuOnlyOnAnEntityAtRest)
 {
   const SampleEntities sample = createSampleEntities();
@@ -164,7 +215,18 @@ TEST_F(PluginLifecycle, CloseUnhooksAndDeletesInOrder)
   ASSERT_EQ(0, plugin.StartUp(arguments));
   kelvor::PluginMenu::activate(menuItem());
   ASSERT_NE(nullptr, plugin.mainDialog());
+  // Each step notes what is still there when the window and the manager go.
+  std::vector<std::string> order;
+  QObject::connect(plugin.mainDialog(), &QObject::destroyed, [&] {
+    order.push_back("window; callbacks " + std::to_string(server.contextMenuCallbackCount()) + ", manager " +
+                    (plugin.actionManager() ? "kept" : "gone"));
+  });
+  QObject::connect(plugin.actionManager(), &QObject::destroyed, [&] {
+    order.push_back(std::string("manager; window ") + (plugin.mainDialog() ? "kept" : "gone"));
+  });
   EXPECT_EQ(0, plugin.Close());
+  EXPECT_EQ((std::vector<std::string>{"window; callbacks 0, manager kept", "manager; window gone"}), order)
+      << "unhook, then the window, then the manager";
   EXPECT_EQ(0u, server.contextMenuCallbackCount());
   SPI_CleanUpPlugin();
   server.releaseGarbage(&identity);
