@@ -2,6 +2,7 @@
 // store and back to the views.
 #include "app/HostApplication.h"
 #include "store/ScenarioStore.h"
+#include "support/WhenShown.h"
 #include "ui/DataBrowser.h"
 
 #include <QAction>
@@ -69,27 +70,28 @@ protected:
     if (found.isEmpty())
       return {};
     tree.selectionModel()->select(found.front(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    QStringList texts;
+    const auto question = answerNextDialog(true);
+    WhenShown<QMenu> menu([&texts, command](QMenu& shown) { texts = chooseFrom(shown, command); });
     emit tree.customContextMenuRequested(tree.visualRect(found.front()).center());
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (!menu)
-      return {};
+    EXPECT_TRUE(QTest::qWaitFor([&] { return menu.acted() && question->acted(); }, 60000));
+    return texts;
+  }
+
+  /// Closes a menu and triggers its entry of that text. @return the menu's texts, "---" for rules
+  static QStringList chooseFrom(QMenu& menu, const QString& command)
+  {
     QStringList texts;
     QAction* chosen = nullptr;
-    for (QAction* action : menu->actions())
+    for (QAction* action : menu.actions())
     {
       texts << (action->isSeparator() ? QString("---") : action->text());
       if (action->text() == command)
         chosen = action;
     }
+    menu.close();
     if (chosen)
-    {
-      QTimer::singleShot(200, [] {
-        if (auto* question = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-          question->accept();
-      });
-      menu->close();
       chosen->trigger();
-    }
     return texts;
   }
 
@@ -124,9 +126,7 @@ TEST_F(ScenarioEditorEndToEnd, RemoveDuplicatePointsFromTheEditorsTreeMenu)
   EXPECT_TRUE(toast->isVisible());
   EXPECT_EQ("Points Removed", toast->text());
   EXPECT_TRUE(host->window().isModified());
-  for (int waited = 0; dataBrowserPoints() != "30" && waited < 2000; waited += 50)
-    QTest::qWait(50);
-  EXPECT_EQ("30", dataBrowserPoints()) << "the Data Browser refreshed";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return dataBrowserPoints() == "30"; }, 10000)) << "the Data Browser refreshed";
   const QModelIndexList row = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, TRACK, 1,
                                                    Qt::MatchExactly | Qt::MatchRecursive);
   ASSERT_FALSE(row.isEmpty());
@@ -145,36 +145,15 @@ TEST_F(ScenarioEditorEndToEnd, MergeFromTheDataBrowsersMenuLeavesTheFirstPlatfor
     item->setSelected(true);
   const std::size_t before = host->store().entityCount();
 
-  QString offered;
-  QTimer::singleShot(300, [&offered] {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (!menu)
-      return;
-    QAction* merge = nullptr;
-    for (QAction* action : menu->actions())
-    {
-      offered += action->text() + "|";
-      if (action->text() == "Merge...")
-        merge = action;
-    }
-    menu->close();
-    if (!merge)
-      return;
-    QTimer::singleShot(200, [] {
-      if (auto* question = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-        question->accept();
-    });
-    merge->trigger();
-  });
+  QStringList offered;
+  const auto question = answerNextDialog(true);
+  WhenShown<QMenu> menu([&offered](QMenu& shown) { offered = chooseFrom(shown, "Merge..."); });
   emit browser->customContextMenuRequested(browser->visualItemRect(vipers.front()).center());
-  for (int waited = 0; host->store().entityCount() == before && waited < 3000; waited += 50)
-    QTest::qWait(50);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return host->store().entityCount() != before; }, 60000));
 
-  EXPECT_TRUE(offered.contains("Merge...")) << offered.toStdString();
+  EXPECT_TRUE(offered.contains("Merge...")) << offered.join("|").toStdString();
   EXPECT_EQ(before - 2, host->store().entityCount()) << "the other two merged into the first and went";
   const auto listed = [browser] { return browser->findItems("Viper 2", Qt::MatchExactly | Qt::MatchRecursive).size(); };
-  for (int waited = 0; listed() != 1 && waited < 2000; waited += 50)
-    QTest::qWait(50);
-  EXPECT_EQ(1, listed()) << "the Data Browser follows";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return listed() == 1; }, 10000)) << "the Data Browser follows";
 }
 
