@@ -3,6 +3,7 @@
 #include "host/PIData.h"
 #include "host/PIDataTables.h"
 #include "support/ServerFixture.h"
+#include "support/WhenShown.h"
 
 #include <QAction>
 #include <QApplication>
@@ -11,7 +12,6 @@
 #include <QPushButton>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QTimer>
 
 using namespace QtSep;
 
@@ -62,12 +62,10 @@ protected:
         chosen = info->action();
     }
     ASSERT_NE(nullptr, chosen);
-    QTimer::singleShot(50, [answer] {
-      auto* dialog = qobject_cast<OptionDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(nullptr, dialog);
-      answer(*dialog) ? dialog->accept() : dialog->reject();
-    });
-    chosen->trigger();
+    {
+      WhenShown<OptionDialog> answered([answer](OptionDialog& dialog) { answer(dialog) ? dialog.accept() : dialog.reject(); });
+      chosen->trigger();
+    }
     for (MenuInfo* item : items)
       delete item;
   }

@@ -7,13 +7,13 @@
 #include "host/PURegistry.h"
 #include "store/StoreListener.h"
 #include "support/ServerFixture.h"
+#include "support/WhenShown.h"
 #include "utils/ConfirmDialog.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QInputDialog>
-#include <QTimer>
 
 using namespace QtSep;
 
@@ -89,15 +89,15 @@ TEST_F(LifecycleActions, RenameWritesOnlyANewNameAndNeverALaser)
   EXPECT_EQ("", gate.name) << "any name passes";
 
   offer(rename, {EntityInfo{sample.platform, PI_PLATFORM_TYPE, "Eagle"}});
-  QTimer::singleShot(50, [] {
-    auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(nullptr, dialog);
-    EXPECT_EQ("Rename Entity", dialog->windowTitle());
-    EXPECT_EQ("Eagle", dialog->textValue());
-    dialog->setTextValue("Eagle Ü");
-    dialog->accept();
-  });
-  rename.action()->trigger();
+  {
+    WhenShown<QInputDialog> named([](QInputDialog& dialog) {
+      EXPECT_EQ("Rename Entity", dialog.windowTitle());
+      EXPECT_EQ("Eagle", dialog.textValue());
+      dialog.setTextValue("Eagle Ü");
+      dialog.accept();
+    });
+    rename.action()->trigger();
+  }
   PIData::PIPlatformHeader platform;
   PIData::getHeader(sample.platform, &platform);
   EXPECT_EQ("Eagle \xC3\x9C", platform.name) << "written as UTF-8";
@@ -109,13 +109,11 @@ TEST_F(LifecycleActions, DeleteRemovesChildrenBeforeHostsAndStopsAskingWhenTold)
   EXPECT_EQ("", offer(remove, {EntityInfo{0, PI_ALL_TYPES, ""}})) << "not the scenario alone";
   EXPECT_EQ("Delete...", offer(remove, {info(sample.platform), info(sample.gate), info(sample.beam)}));
 
-  QTimer::singleShot(50, [] {
-    auto* dialog = qobject_cast<UTILS::ConfirmDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(nullptr, dialog);
-    dialog->checkBox()->setChecked(true);
-    dialog->accept();
-  });
-  remove.action()->trigger();
+  {
+    const auto confirmed =
+      answerNext<UTILS::ConfirmDialog>(true, [](UTILS::ConfirmDialog& dialog) { dialog.checkBox()->setChecked(true); });
+    remove.action()->trigger();
+  }
   EXPECT_EQ((std::vector<UniqueID_t>{sample.gate, sample.beam, sample.platform}), counter.removed);
   EXPECT_EQ(PI_NONE_TYPE, PIData::getObjectType(sample.platform));
 
@@ -159,18 +157,16 @@ TEST_F(LifecycleActions, DeleteScenarioIsReplacingItAndCancelKeepsIt)
   DeleteScenarioAction replace(nullptr);
   EXPECT_EQ("", offer(replace, {info(sample.platform)}));
   EXPECT_EQ("Delete Scenario...", offer(replace, {EntityInfo{0, PI_ALL_TYPES, ""}}));
-  QTimer::singleShot(50, [] {
-    if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-      dialog->reject();
-  });
-  replace.action()->trigger();
+  {
+    const auto cancelled = answerNextDialog(false);
+    replace.action()->trigger();
+  }
   EXPECT_EQ(PI_PLATFORM_TYPE, PIData::getObjectType(sample.platform)) << "cancelled: the scenario stays";
 
   offer(replace, {EntityInfo{0, PI_ALL_TYPES, ""}});
-  QTimer::singleShot(50, [] {
-    if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-      dialog->accept();
-  });
-  replace.action()->trigger();
+  {
+    const auto accepted = answerNextDialog(true);
+    replace.action()->trigger();
+  }
   EXPECT_EQ(0u, store.entityCount()) << "a new, empty scenario";
 }

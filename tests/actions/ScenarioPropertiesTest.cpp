@@ -2,11 +2,11 @@
 #include "actions/ScenarioPropertiesDialog.h"
 #include "host/PIData.h"
 #include "support/ServerFixture.h"
+#include "support/WhenShown.h"
 #include "ui_ScenarioPropertiesDialog.h"
 #include "widgets/ColorWidget.h"
 
 #include <QApplication>
-#include <QTimer>
 
 #include <cmath>
 #include <functional>
@@ -21,16 +21,10 @@ constexpr double DEG = M_PI / 180.0;
 class ScenarioProperties : public ServerFixture
 {
 protected:
-  // Answers the next modal dialog: fill lets the test set its fields first.
-  void answer(bool accept, std::function<void(ScenarioPropertiesDialog&)> fill = {})
+  // Answers the next properties dialog: fill lets the test set its fields first.
+  static auto answer(bool accept, std::function<void(ScenarioPropertiesDialog&)> fill = {})
   {
-    QTimer::singleShot(50, [accept, fill]() {
-      auto* dialog = qobject_cast<ScenarioPropertiesDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(nullptr, dialog);
-      if (fill)
-        fill(*dialog);
-      accept ? dialog->accept() : dialog->reject();
-    });
+    return answerNext<ScenarioPropertiesDialog>(accept, std::move(fill));
   }
 };
 
@@ -82,11 +76,13 @@ TEST_F(ScenarioProperties, CreatingReplacesTheScenarioAndCancellingLeavesIt)
   PIData::createPlatform(&header, &first);
   PIData::clockSetMode(PI_CLOCK_STEPPED, -1.0);
 
-  answer(false);
-  EXPECT_EQ(1, createScenario(nullptr));
+  {
+    const auto cancelled = answer(false);
+    EXPECT_EQ(1, createScenario(nullptr));
+  }
   EXPECT_EQ(1u, store.entityCount()) << "cancelled: the old scenario stays";
 
-  answer(true, [](ScenarioPropertiesDialog& d) {
+  const auto accepted = answer(true, [](ScenarioPropertiesDialog& d) {
     d.ui().referenceYear->setValue(2030);
     d.ui().latitude->setValue(10.0);
     d.ui().longitude->setValue(-20.0);

@@ -1,4 +1,5 @@
 #include "app/HostApplication.h"
+#include "support/WhenShown.h"
 #include "ui/DataBrowser.h"
 #include "ui/NotificationsDock.h"
 
@@ -7,7 +8,7 @@
 #include <QDir>
 #include <QMenu>
 #include <QTemporaryDir>
-#include <QTimer>
+#include <QTest>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
@@ -34,16 +35,14 @@ protected:
   QStringList rightClickDataBrowser()
   {
     QStringList texts;
-    QTimer::singleShot(300, [&texts]() {
-      if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
-      {
-        for (QAction* action : menu->actions())
-          texts << (action->isSeparator() ? QString("---") : action->text());
-        menu->close();
-      }
+    WhenShown<QMenu> shown([&texts](QMenu& menu) {
+      for (QAction* action : menu.actions())
+        texts << (action->isSeparator() ? QString("---") : action->text());
+      menu.close();
     });
     QTreeWidget* tree = host->window().dataBrowser()->tree();
     emit tree->customContextMenuRequested(tree->visualItemRect(tree->selectedItems().front()).center());
+    EXPECT_TRUE(QTest::qWaitFor([&shown] { return shown.acted(); }, 60000));
     return texts;
   }
 

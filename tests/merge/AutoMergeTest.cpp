@@ -5,6 +5,7 @@
 #include "merge/AutomaticMergeWidget.h"
 #include "merge/MergeInfo.h"
 #include "support/ServerFixture.h"
+#include "support/WhenShown.h"
 #include "utils/ConfirmDialog.h"
 
 #include <QAction>
@@ -12,7 +13,6 @@
 #include <QCheckBox>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
 #include <QTreeWidget>
 
 using QtSep::AutoMerge;
@@ -45,17 +45,18 @@ protected:
     return id;
   }
 
-  /// Reads, then closes, the next message box. @param seen receives its text
-  void closeNextMessage(QString& seen)
+  /// Runs a step and reads, then closes, the message box it shows. @return its text
+  template <typename Step>
+  static QString messageOf(Step step)
   {
-    QTimer::singleShot(50, [&seen] {
-      if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-      {
-        EXPECT_EQ("Merge Error", box->windowTitle());
-        seen = box->text();
-        box->accept();
-      }
+    QString seen;
+    WhenShown<QMessageBox> shown([&seen](QMessageBox& box) {
+      EXPECT_EQ("Merge Error", box.windowTitle());
+      seen = box.text();
+      box.accept();
     });
+    step();
+    return seen;
   }
 
   template <typename T>
@@ -92,16 +93,11 @@ TEST_F(AutomaticMerge, CandidatesShareTheNameExactlyAndOptionallyTheOriginalIdEa
 TEST_F(AutomaticMerge, TheTabListsGroupsForReviewAndMergesOnlyTheTickedOnes)
 {
   QtSep::AutomaticMergeWidget tab;
-  QString message;
   platform("Solo", 1, {0});
-  closeNextMessage(message);
-  child<QPushButton>(tab, "detectPushButton")->click();
-  EXPECT_EQ("Insufficient platforms", message);
+  EXPECT_EQ("Insufficient platforms", messageOf([&] { child<QPushButton>(tab, "detectPushButton")->click(); }));
 
   platform("Other", 2, {0});
-  closeNextMessage(message);
-  child<QPushButton>(tab, "detectPushButton")->click();
-  EXPECT_EQ("No matches", message);
+  EXPECT_EQ("No matches", messageOf([&] { child<QPushButton>(tab, "detectPushButton")->click(); }));
 
   const UniqueID_t viper = platform("Viper", 5, {0, 10});
   const UniqueID_t viperLate = platform("Viper", 5, {20});
@@ -140,12 +136,10 @@ TEST_F(AutomaticMerge, RemovingAListedPlatformClearsTheReview)
   tab.listenToEvents(PI_EVENT_ENTITY_REMOVED, &removed);
   EXPECT_TRUE(tab.dirty()) << "an unrelated platform changes nothing";
 
-  QString message;
-  closeNextMessage(message);
   removed = first;
-  tab.listenToEvents(PI_EVENT_ENTITY_REMOVED, &removed);
+  EXPECT_EQ("A platform that was part of the automatic merge was deleted, clearing merge list.",
+            messageOf([&] { tab.listenToEvents(PI_EVENT_ENTITY_REMOVED, &removed); }));
   EXPECT_FALSE(tab.dirty());
-  EXPECT_EQ("A platform that was part of the automatic merge was deleted, clearing merge list.", message);
 }
 
 TEST_F(AutomaticMerge, TheMergeCommandKeepsTheFirstSelectedAndRemovesTheRest)
@@ -165,11 +159,10 @@ TEST_F(AutomaticMerge, TheMergeCommandKeepsTheFirstSelectedAndRemovesTheRest)
   EXPECT_EQ("Merge...", action.action()->text());
   delete items[0];
 
-  QTimer::singleShot(50, [] {
-    if (auto* dialog = qobject_cast<UTILS::ConfirmDialog*>(QApplication::activeModalWidget()))
-      dialog->reject();
-  });
-  EXPECT_EQ(1, action.onCmdMerge(nullptr, nullptr));
+  {
+    const auto declined = answerNext<UTILS::ConfirmDialog>(false);
+    EXPECT_EQ(1, action.onCmdMerge(nullptr, nullptr));
+  }
   EXPECT_EQ(PI_PLATFORM_TYPE, PIData::getObjectType(second)) << "declined";
 
   PURegistry::saveReg(QtSep::MergeAction::CONFIRM_KEY, false);

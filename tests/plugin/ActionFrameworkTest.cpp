@@ -5,12 +5,12 @@
 #include "plugin/ActionManager.h"
 #include "plugin/ActionUtilities.h"
 #include "support/ServerFixture.h"
+#include "support/WhenShown.h"
 #include "utils/ConfirmDialog.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QTimer>
 
 using namespace QtSep;
 
@@ -182,22 +182,17 @@ TEST_F(ActionFramework, AuditEntriesAreNumberedAtTheStartOfTheEntitysLife)
 TEST_F(ActionFramework, AskingFirstAndNotAskingAgain)
 {
   EXPECT_EQ("Delete...", addEllipsisIfConfirm("Delete", "ConfirmDelete"));
-  auto answer = [](bool accept, bool check) {
-    QTimer::singleShot(50, [accept, check]() {
-      auto* dialog = qobject_cast<UTILS::ConfirmDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(nullptr, dialog);
-      dialog->checkBox()->setChecked(check);
-      accept ? dialog->accept() : dialog->reject();
-    });
+  // Asks, answering the question with the check box set as given.
+  auto ask = [](bool accept, bool check) {
+    const auto answered = answerNext<UTILS::ConfirmDialog>(
+      accept, [check](UTILS::ConfirmDialog& dialog) { dialog.checkBox()->setChecked(check); });
+    return verifyAction("Delete", "Delete it?", "ConfirmDelete", nullptr);
   };
-  answer(false, true);
-  EXPECT_EQ(1, verifyAction("Delete", "Delete it?", "ConfirmDelete", nullptr));
+  EXPECT_EQ(1, ask(false, true));
   EXPECT_TRUE(PURegistry::loadReg(true, "ConfirmDelete")) << "cancelled: the check box is not saved";
-  answer(true, false);
-  EXPECT_EQ(0, verifyAction("Delete", "Delete it?", "ConfirmDelete", nullptr));
+  EXPECT_EQ(0, ask(true, false));
   EXPECT_TRUE(PURegistry::loadReg(true, "ConfirmDelete"));
-  answer(true, true);
-  EXPECT_EQ(0, verifyAction("Delete", "Delete it?", "ConfirmDelete", nullptr));
+  EXPECT_EQ(0, ask(true, true));
   EXPECT_FALSE(PURegistry::loadReg(true, "ConfirmDelete"));
   EXPECT_EQ(0, verifyAction("Delete", "Delete it?", "ConfirmDelete", nullptr)) << "no longer asks";
   EXPECT_EQ("Delete", addEllipsisIfConfirm("Delete", "ConfirmDelete")) << "a command that will not ask has no ellipsis";

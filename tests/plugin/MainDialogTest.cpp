@@ -6,6 +6,7 @@
 #include "plugin/MiscellaneousWidget.h"
 #include "plugin/TabWidget.h"
 #include "support/ServerFixture.h"
+#include "support/WhenShown.h"
 #include "utils/EntityTreeModel.h"
 #include "utils/QtCategoryFilter.h"
 #include "widgets/EntityTreeComposite.h"
@@ -17,7 +18,6 @@
 #include <QMessageBox>
 #include <QTabWidget>
 #include <QTest>
-#include <QTimer>
 
 #include <set>
 
@@ -99,16 +99,15 @@ protected:
     return dialog->tabWidget().indexOf(first);
   }
 
-  /// Answers the next modal question with button, once it shows.
-  void answerQuestion(QMessageBox::StandardButton button)
+  /// Switches to a tab, answering the question that follows with button.
+  void switchAnswering(int index, QMessageBox::StandardButton button)
   {
-    QTimer::singleShot(0, [button] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      ASSERT_NE(nullptr, box);
-      EXPECT_EQ("Unsaved Changes", box->windowTitle());
-      EXPECT_EQ("Switching tabs will result in loss of unsaved changes.  Still switch tabs?", box->text());
-      box->button(button)->click();
+    WhenShown<QMessageBox> answered([button](QMessageBox& box) {
+      EXPECT_EQ("Unsaved Changes", box.windowTitle());
+      EXPECT_EQ("Switching tabs will result in loss of unsaved changes.  Still switch tabs?", box.text());
+      box.button(button)->click();
     });
+    dialog->tabWidget().setCurrentIndex(index);
   }
 
   SampleEntities sample;
@@ -141,14 +140,12 @@ TEST_F(EditorWindow, SwitchingTabsAsksOnlyWhenTheOldTabHasUnsavedEdits)
   journal.clear();
 
   first->dirty_ = true;
-  answerQuestion(QMessageBox::No);
-  tabs.setCurrentIndex(firstIndex + 1);
+  switchAnswering(firstIndex + 1, QMessageBox::No);
   EXPECT_EQ(firstIndex, tabs.currentIndex()) << "a refused switch puts the old tab back";
   EXPECT_EQ(firstIndex, dialog->currentTabIndex());
   EXPECT_TRUE(journal.empty()) << "no tab was told anything";
 
-  answerQuestion(QMessageBox::Yes);
-  tabs.setCurrentIndex(firstIndex + 1);
+  switchAnswering(firstIndex + 1, QMessageBox::Yes);
   EXPECT_EQ(firstIndex + 1, dialog->currentTabIndex());
   EXPECT_EQ((std::vector<std::string>{"first inactive", "second active"}), journal);
 }

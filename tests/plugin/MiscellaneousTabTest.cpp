@@ -4,6 +4,7 @@
 #include "plugin/MiscellaneousWidget.h"
 #include "plugin/UnitsWidget.h"
 #include "support/ServerFixture.h"
+#include "support/WhenShown.h"
 #include "ui_ScenarioPropertiesDialog.h"
 #include "widgets/UnitsComboBox.h"
 
@@ -12,7 +13,6 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QTimer>
 
 #include <functional>
 
@@ -24,15 +24,11 @@ namespace
 class MiscellaneousTab : public ServerFixture
 {
 protected:
-  // Answers the next modal dialog after letting the test change it.
-  void answer(bool accept, std::function<void(QDialog&)> change)
+  // Clicks a button and answers the dialog it opens, after letting the test change it.
+  void clickAndAnswer(const char* button, bool accept, std::function<void(QDialog&)> change)
   {
-    QTimer::singleShot(50, [accept, change]() {
-      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(nullptr, dialog);
-      change(*dialog);
-      accept ? dialog->accept() : dialog->reject();
-    });
+    const auto answered = answerNext<QDialog>(accept, std::move(change));
+    click(button);
   }
   void click(const char* name) { tab.findChild<QPushButton*>(name)->click(); }
 
@@ -62,13 +58,11 @@ TEST_F(MiscellaneousTab, OffersItsEditorsWithTheirTips)
 TEST_F(MiscellaneousTab, UnitsAreStoredAndAnnouncedOnlyWhenAccepted)
 {
   QSignalSpy changed(&tab, &MiscellaneousWidget::unitsChanged);
-  answer(false, [](QDialog& dialog) { dialog.findChild<QSpinBox*>("genericPrecision")->setValue(7); });
-  click("unitsPushButton");
+  clickAndAnswer("unitsPushButton", false, [](QDialog& dialog) { dialog.findChild<QSpinBox*>("genericPrecision")->setValue(7); });
   EXPECT_EQ(0, changed.count());
   EXPECT_EQ(-1, PURegistry::loadReg(-1, UnitsWidget::GENERIC_PRECISION_KEY));
 
-  answer(true, [](QDialog& dialog) { dialog.findChild<QSpinBox*>("genericPrecision")->setValue(7); });
-  click("unitsPushButton");
+  clickAndAnswer("unitsPushButton", true, [](QDialog& dialog) { dialog.findChild<QSpinBox*>("genericPrecision")->setValue(7); });
   EXPECT_EQ(1, changed.count());
   EXPECT_EQ(7, PURegistry::loadReg(-1, UnitsWidget::GENERIC_PRECISION_KEY));
 }
@@ -77,11 +71,9 @@ TEST_F(MiscellaneousTab, EditingTheScenarioWritesItsPropertiesOnAccept)
 {
   PIData::initializeScenario();
   PIData::setReferenceYear(2021);
-  answer(false, [](QDialog& dialog) { static_cast<ScenarioPropertiesDialog&>(dialog).ui().referenceYear->setValue(2024); });
-  click("editPushButton");
+  clickAndAnswer("editPushButton", false, [](QDialog& dialog) { static_cast<ScenarioPropertiesDialog&>(dialog).ui().referenceYear->setValue(2024); });
   EXPECT_EQ(2021, PIData::getReferenceYear());
 
-  answer(true, [](QDialog& dialog) { static_cast<ScenarioPropertiesDialog&>(dialog).ui().referenceYear->setValue(2024); });
-  click("editPushButton");
+  clickAndAnswer("editPushButton", true, [](QDialog& dialog) { static_cast<ScenarioPropertiesDialog&>(dialog).ui().referenceYear->setValue(2024); });
   EXPECT_EQ(2024, PIData::getReferenceYear());
 }

@@ -3,11 +3,11 @@
 #include "host/PURegistry.h"
 #include "processing/RemoveDuplicatePoints.h"
 #include "support/ServerFixture.h"
+#include "support/WhenShown.h"
 #include "utils/ConfirmDialog.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QTimer>
 
 #include <cmath>
 
@@ -199,13 +199,11 @@ TEST_F(DuplicatePoints, TheActionAsksReducesTellsAndForgetsItsSelection)
   for (auto* item : items)
     delete item;
 
-  QTimer::singleShot(50, [] {
-    auto* dialog = qobject_cast<UTILS::ConfirmDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(nullptr, dialog);
-    EXPECT_EQ("Remove Duplicate Points", dialog->windowTitle());
-    dialog->reject();
-  });
-  action.action()->trigger();
+  {
+    const auto declined = answerNext<UTILS::ConfirmDialog>(
+      false, [](UTILS::ConfirmDialog& dialog) { EXPECT_EQ("Remove Duplicate Points", dialog.windowTitle()); });
+    action.action()->trigger();
+  }
   EXPECT_EQ(4u, PIData::getNumberDataPoints(platform)) << "declined: nothing changes";
   EXPECT_TRUE(services.toasts.empty());
 

@@ -84,8 +84,22 @@ private:
   bool acted_ = false;
 };
 
+/**
+ * Accepts or rejects the next modal dialog of type D once it shows, after letting the test
+ * change it. Hold the result over the step that opens the dialog.
+ */
+template <typename D = QDialog>
+std::unique_ptr<WhenShown<D>> answerNext(bool accept, std::function<void(D&)> change = {})
+{
+  return std::make_unique<WhenShown<D>>([accept, change](D& dialog) {
+    if (change)
+      change(dialog);
+    accept ? dialog.accept() : dialog.reject();
+  });
+}
+
 /// Accepts or rejects the next modal dialog once it shows.
 inline std::unique_ptr<WhenShown<QDialog>> answerNextDialog(bool accept)
 {
-  return std::make_unique<WhenShown<QDialog>>([accept](QDialog& dialog) { accept ? dialog.accept() : dialog.reject(); });
+  return answerNext<QDialog>(accept);
 }

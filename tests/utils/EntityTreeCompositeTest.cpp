@@ -65,12 +65,11 @@ protected:
 TEST_F(TreeComposite, CountLabelTellsShownOfAllOnlyWhileFiltered)
 {
   auto* label = composite.findChild<QLabel*>("countLabel");
-  QTest::qWait(200);
-  EXPECT_EQ("4", label->text());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return label->text() == "4"; }, 10000)) << label->text().toStdString();
   setNamePattern("Gate");
-  QTest::qWait(200);
   // The gate shows with the beam and platform that host it.
-  EXPECT_EQ("3 of 4 Filtered Entity Names", label->text());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return label->text() == "3 of 4 Filtered Entity Names"; }, 10000))
+    << label->text().toStdString();
 }
 
 TEST_F(TreeComposite, FilterConfigurationsAreKeptPerButtonAcrossSettingsFiles)
@@ -214,8 +213,9 @@ TEST_F(TreeComposite, CentringNeedsOneDrawnEntityAliveAtTheViewTime)
   EXPECT_EQ("Inactive entity selected", center.centerRefusal({other, sample.platform}));
 
   // The menu's centring follows the selection.
+  QSignalSpy selected(&composite, &kelQt::EntityTreeComposite::itemsSelected);
   composite.setSelected(sample.platform);
-  QTest::qWait(200);
+  ASSERT_TRUE(selected.wait(10000));
   std::unique_ptr<QMenu> menu(composite.createContextMenu(nullptr));
   QAction* centring = menu->actions().at(1);
   EXPECT_EQ("Center On Selection (Inactive entity selected)", centring->text());

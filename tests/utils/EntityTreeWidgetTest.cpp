@@ -33,12 +33,12 @@ TEST_F(EntityTreeView, SelectionChangesWithinTheBatchTimeGiveOneReport)
   for (int i = 0; i < 10; ++i)
     tree.setSelected({i % 2 ? sample.platform : other});
   EXPECT_EQ(0, selected.count());
-  QTest::qWait(200);
+  ASSERT_TRUE(selected.wait(10000));
   ASSERT_EQ(1, selected.count());
   EXPECT_EQ(QList<unsigned long>{sample.platform}, selected.at(0).at(0).value<QList<unsigned long>>());
 
   tree.setSelected({other, sample.platform, 9999});
-  QTest::qWait(200);
+  ASSERT_TRUE(selected.wait(10000));
   ASSERT_EQ(2, selected.count());
   EXPECT_EQ(2, tree.selectedItems().size()) << "an id not shown is passed over";
 }
@@ -49,8 +49,7 @@ TEST_F(EntityTreeView, CountsShownAndAllEntitiesAfterFiltering)
   auto* names = new kelQt::EntityNameFilter(&model);
   tree.addEntityFilter(names);
   names->setRegExp("Her", Qt::CaseInsensitive, QRegExp::RegExp);
-  QTest::qWait(200);
-  ASSERT_FALSE(counted.isEmpty());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !counted.isEmpty() && counted.last().at(0).toInt() == 1; }, 10000));
   EXPECT_EQ(1, counted.last().at(0).toInt());
   EXPECT_EQ(4, counted.last().at(1).toInt());
 }
