@@ -5,6 +5,7 @@
 #include "host/PIDataPoints.h"
 #include "host/PIProgressDialog.h"
 #include "host/PURegistry.h"
+#include "plugin/ActionUtilities.h"
 #include "processing/ByPointDecimation.h"
 #include "processing/ByTimeDecimation.h"
 #include "processing/CullAngleDecimation.h"
@@ -130,6 +131,7 @@ void DecimateAction::decimatePlatforms(const std::vector<EntityInfo>& platforms,
   PIGUI::PIProgressDialog progress(nullptr, "Decimating", "Decimating platforms...", 1, count);
   progress.setMaximum(count);
   progress.show();
+  std::vector<unsigned long> made;
   for (int index = 0; index < count; ++index)
   {
     const EntityInfo& platform = platforms[index];
@@ -138,13 +140,23 @@ void DecimateAction::decimatePlatforms(const std::vector<EntityInfo>& platforms,
       PICommon::notify("Decimation skipping static platform " + platform.name + "\n", PICommon::NOTIFY_WARN);
       continue;
     }
-    std::uint64_t made = 0;
-    if (algorithm.execute(platform.id, &made, false) == 0)
-      Action::addAudit(made, algorithm.auditText(platform.name));
+    std::uint64_t copy = 0;
+    if (algorithm.execute(platform.id, &copy, false) == 0)
+    {
+      Action::addAudit(copy, algorithm.auditText(platform.name));
+      made.push_back(copy);
+    }
     progress.setValue(index);
     progress.runWhileEvents();
     if (progress.isCanceled())
       break;
+  }
+  // The copies, and the sources whose names took a suffix, are news to the trees.
+  if (!made.empty())
+  {
+    for (const EntityInfo& platform : platforms)
+      made.push_back(platform.id);
+    fireChangeCallback(made);
   }
 }
 

@@ -1,6 +1,7 @@
 #include "actions/DeleteScenarioAction.h"
 
 #include "actions/CreateScenario.h"
+#include "plugin/ActionUtilities.h"
 
 namespace QtSep
 {
@@ -13,7 +14,10 @@ DeleteScenarioAction::DeleteScenarioAction(QWidget* parent)
 int DeleteScenarioAction::run_()
 {
   // A scenario is deleted only by putting a new one in its place.
-  return createScenario(parentWidget());
+  const int status = createScenario(parentWidget());
+  if (status == 0)
+    fireChangeCallback(0UL);
+  return status;
 }
 
 } // namespace QtSep

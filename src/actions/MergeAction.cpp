@@ -1,6 +1,7 @@
 #include "actions/MergeAction.h"
 
 #include "host/PIDataEntities.h"
+#include "plugin/ActionUtilities.h"
 #include "merge/AutoMerge.h"
 
 #include <algorithm>
@@ -33,6 +34,7 @@ int MergeAction::run_()
   for (const EntityInfo& entity : selection())
     ids.push_back(entity.id);
   AutoMerge().merge(ids);
+  fireChangeCallback(ids.front());
   for (std::size_t i = 1; i < ids.size(); ++i)
     PIData::removeEntity(ids[i], false);
   return 1;

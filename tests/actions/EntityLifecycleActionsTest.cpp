@@ -164,9 +164,12 @@ TEST_F(LifecycleActions, DeleteScenarioIsReplacingItAndCancelKeepsIt)
   EXPECT_EQ(PI_PLATFORM_TYPE, PIData::getObjectType(sample.platform)) << "cancelled: the scenario stays";
 
   offer(replace, {EntityInfo{0, PI_ALL_TYPES, ""}});
+  std::vector<UniqueID_t> announced{99};
+  server.signalService().setReceiver([&](auto, const std::vector<UniqueID_t>& ids) { announced = ids; });
   {
     const auto accepted = answerNextDialog(true);
     replace.action()->trigger();
   }
+  EXPECT_EQ(std::vector<UniqueID_t>{0}, announced) << "the whole scenario changed";
   EXPECT_EQ(0u, store.entityCount()) << "a new, empty scenario";
 }

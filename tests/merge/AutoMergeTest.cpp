@@ -170,7 +170,10 @@ TEST_F(AutomaticMerge, TheMergeCommandKeepsTheFirstSelectedAndRemovesTheRest)
   action.menuRequested(both, items);
   EXPECT_EQ("Merge", action.action()->text());
   delete items[0];
+  std::vector<UniqueID_t> announced;
+  server.signalService().setReceiver([&](auto, const std::vector<UniqueID_t>& ids) { announced = ids; });
   action.action()->trigger();
+  EXPECT_EQ(std::vector<UniqueID_t>{first}, announced) << "the platform that gathered the others";
   EXPECT_EQ(PI_NONE_TYPE, PIData::getObjectType(second));
   EXPECT_EQ(3u, PIData::getNumberDataPoints(first));
 }

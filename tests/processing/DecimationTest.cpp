@@ -227,6 +227,8 @@ TEST_F(DecimatingPlatforms, TheCommandPassesOverStaticPlatformsAndStopsWhenCance
   ByPointDecimation byPoint;
   byPoint.setKeepEveryNumPoints(2);
   const std::size_t before = store.entityCount();
+  std::vector<UniqueID_t> announced;
+  server.signalService().setReceiver([&](auto, const std::vector<UniqueID_t>& ids) { announced = ids; });
 
   DecimateAction::decimatePlatforms({EntityInfo{site, PI_PLATFORM_TYPE, "Site"}, EntityInfo{hawk, PI_PLATFORM_TYPE, "Hawk"}},
                                     byPoint);
@@ -239,6 +241,7 @@ TEST_F(DecimatingPlatforms, TheCommandPassesOverStaticPlatformsAndStopsWhenCance
   PIData::getDataPoints(copy, &audit);
   ASSERT_EQ(1u, audit.size());
   EXPECT_EQ("Pnts: Hawk (2p)", audit[0].value);
+  EXPECT_EQ((std::vector<UniqueID_t>{copy, site, hawk}), announced) << "the trees hear of the copy at once";
 
   services.cancelProgress = true;
   DecimateAction::decimatePlatforms({EntityInfo{heron, PI_PLATFORM_TYPE, "Heron"}, EntityInfo{hawk, PI_PLATFORM_TYPE, "Hawk"}},
