@@ -76,6 +76,7 @@ MainDialog::MainDialog(ActionManager& actionManager, QMainWindow* mainWindow)
   connect(entityTreeComposite_, &kelQt::EntityTreeComposite::rightClickMenuRequested, this,
           &MainDialog::updateRightClickMenu_);
   connect(&actionManager_, &ActionManager::entityAdded, this, &MainDialog::setSelectedEntity_);
+  connect(treeModel_, &QAbstractItemModel::rowsInserted, this, &MainDialog::selectPendingEntity_);
   connect(tabWidget_, &QTabWidget::currentChanged, this, &MainDialog::setTabWidget_);
   listenToModified_();
   setTabWidget_(tabWidget_->currentIndex());
@@ -225,6 +226,17 @@ void MainDialog::updateMenuInfoToMenu_(const std::vector<MenuInfo*>& items, QMen
 
 void MainDialog::setSelectedEntity_(unsigned long id)
 {
+  // The tree adds rows in batches: a new entity is selected once its row exists.
+  pendingSelection_ = id;
+  selectPendingEntity_();
+}
+
+void MainDialog::selectPendingEntity_()
+{
+  if (pendingSelection_ == 0 || !treeModel_->indexOf(pendingSelection_).isValid())
+    return;
+  const unsigned long id = pendingSelection_;
+  pendingSelection_ = 0;
   entityTreeComposite_->setSelected(id);
   entityTreeComposite_->scrollTo(id);
 }

@@ -105,6 +105,7 @@ private:
   void updateRightClickMenu_(QMenu* menu);
   void updateMenuInfoToMenu_(const std::vector<MenuInfo*>& items, QMenu* menu, QAction* before);
   void setSelectedEntity_(unsigned long id);
+  void selectPendingEntity_();
   void setTabWidget_(int index);
   void applyUnitsChange_();
   void refreshEntities_(const std::vector<UniqueID_t>& ids);
@@ -114,7 +115,9 @@ private:
   PluginUtils::EntityTreeModel* treeModel_;
   kelQt::EntityTreeComposite* entityTreeComposite_;
   PluginUtils::QtCenterEntity* centerEntity_;
-  PluginUtils::QtCategoryFilter* categoryFilter_ = nullptr; ///< owned by the tree's proxy
+  PluginUtils::QtCategoryFilter* categoryFilter_ = nullptr;
+  /// An entity added by a command, to select once the tree shows it; 0 for none.
+  unsigned long pendingSelection_ = 0; ///< owned by the tree's proxy
   QTabWidget* tabWidget_;
   int currentTab_ = -1;
   QTimer* timer_;

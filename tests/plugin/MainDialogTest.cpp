@@ -240,3 +240,15 @@ TEST_F(EditorWindow, TheTreesCategoryFilterFollowsTheEvents)
   ASSERT_GE(category, 0) << "new category data reach the filter's lists";
   EXPECT_GE(lists.categories().at(category).findValue("Red"), 0);
 }
+
+TEST_F(EditorWindow, AnAddedEntityIsSelectedOnceItsRowExists)
+{
+  PIData::PIPlatformHeader header;
+  header.name = "Newcomer";
+  const UniqueID_t added = PIData::createPlatform(&header, nullptr);
+  dialog->listenToEvents(PI_EVENT_PLATFORM_ADDED, const_cast<UniqueID_t*>(&added));
+  emit manager.entityAdded(added); // as Add Entity does, before the tree's batch adds the row
+  EXPECT_FALSE(dialog->entityTreeModel().indexOf(added).isValid()) << "the row comes with the batch";
+  EXPECT_TRUE(QTest::qWaitFor(
+    [&] { return dialog->entityTreeComposite().selectedItems() == QList<unsigned long>{added}; }, 10000));
+}
