@@ -72,7 +72,8 @@ GogExportDialog::GogExportDialog(QWidget* parent) : QDialog(parent)
   form->addRow("GOG Filename:", file_);
   form->addRow(buttons);
   connect(type_, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &GogExportDialog::updateEnable_);
-  connect(file_, &kelQt::FileSelectorWidget::filenameChanged, this, &GogExportDialog::updateEnable_);
+  // OK follows the name as it is typed, not only when the field loses focus.
+  connect(file_, &kelQt::FileSelectorWidget::textChanged, this, &GogExportDialog::updateEnable_);
   updateEnable_();
 }
 

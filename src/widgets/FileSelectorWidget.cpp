@@ -21,6 +21,7 @@ FileSelectorWidget::FileSelectorWidget(QWidget* parent)
   connect(button_, &QToolButton::clicked, this, &FileSelectorWidget::browse_);
   // A typed name counts once the user is done with it.
   connect(edit_, &QLineEdit::editingFinished, this, [this]() { setFilename(edit_->text()); });
+  connect(edit_, &QLineEdit::textChanged, this, &FileSelectorWidget::textChanged);
 }
 
 QString FileSelectorWidget::filename() const { return edit_->text(); }

@@ -32,6 +32,8 @@ public slots:
 signals:
   /// The file name changed, by the user or by setFilename.
   void filenameChanged(const QString& name);
+  /// The text shown changed, at every key the user types as well; filenameChanged waits until the typing is done.
+  void textChanged(const QString& text);
 
 private:
   void browse_();

@@ -5,7 +5,9 @@
 #include "support/ServerFixture.h"
 
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 
 #include <sstream>
 
@@ -109,6 +111,12 @@ TEST_F(GogExport, TheDialogOffersTheOffsetForXyPlotsOnlyAndNeedsAFile)
     if (button->text().contains("OK"))
       ok = button;
   ASSERT_NE(nullptr, ok);
+  EXPECT_FALSE(ok->isEnabled());
+  auto* typed = dialog.findChild<QLineEdit*>("filenameEdit");
+  ASSERT_NE(nullptr, typed);
+  QTest::keyClicks(typed, "/tmp/typed.gog");
+  EXPECT_TRUE(ok->isEnabled()) << "a name being typed is enough, before the field loses focus";
+  typed->clear();
   EXPECT_FALSE(ok->isEnabled());
   dialog.setFilename("/tmp/out.gog");
   EXPECT_TRUE(ok->isEnabled());
