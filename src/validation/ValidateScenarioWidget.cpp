@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QStyle>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -85,6 +86,19 @@ void ValidateScenarioWidget::validate()
   for (int c = 0; c < columnCount_; ++c)
     issuesTree_->resizeColumnToContents(c);
   updateEnable_();
+}
+
+QSize ValidateScenarioWidget::sizeHint() const
+{
+  int columns = 0;
+  for (int c = 0; c < issuesTree_->columnCount(); ++c)
+    columns += issuesTree_->columnWidth(c);
+  const QMargins margins = layout()->contentsMargins();
+  const int frame = 2 * issuesTree_->frameWidth();
+  // Room for a vertical scroll bar, so that a long list does not cover the last column.
+  const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const QSize base = TabWidget::sizeHint();
+  return {std::max(base.width(), columns + frame + scrollBar + margins.left() + margins.right()), base.height()};
 }
 
 QPushButton* ValidateScenarioWidget::button_(int row, int solution) const

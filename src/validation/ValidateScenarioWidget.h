@@ -30,6 +30,8 @@ public:
   int handleMouseEvent(PIGUI::PIMouseEventType_t, const PIGUI::PIMouseEvent&) override { return 0; }
   void applyUnitsChange() override {}
   bool dirty() const override { return false; }
+  /// @return wide enough for every column of the issues shown, each at its contents' width
+  QSize sizeHint() const override;
 
 public slots:
   /// Runs a new pass and shows its issues.

@@ -29,6 +29,10 @@ protected:
   void closeEvent(QCloseEvent* event) override;
 
 private:
+  /// Grows the window to show every editor whole, up to most of the screen's height.
+  void fitToEditors_();
+
+  QWidget* list_;
   QVBoxLayout* editors_;
   int editorCount_ = 0;
 };

@@ -12,7 +12,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QHeaderView>
 #include <QSpinBox>
+#include <QTreeWidget>
 
 #include <functional>
 
@@ -76,4 +78,45 @@ TEST_F(MiscellaneousTab, EditingTheScenarioWritesItsPropertiesOnAccept)
 
   clickAndAnswer("editPushButton", true, [](QDialog& dialog) { static_cast<ScenarioPropertiesDialog&>(dialog).ui().referenceYear->setValue(2024); });
   EXPECT_EQ(2024, PIData::getReferenceYear());
+}
+
+TEST_F(MiscellaneousTab, TheValidationWindowShowsEveryColumnWhole)
+{
+  PIData::initializeScenario();
+  for (const char* name : {"A platform with a rather long name from a recorder", "Another long-named platform"})
+  {
+    PIData::PIPlatformHeader header;
+    header.name = name;
+    const UniqueID_t id = PIData::createPlatform(&header, nullptr);
+    for (double t : {10.0, 20.0})
+    {
+      PIData::PIPlatformPoint point;
+      point.time = t;
+      point.position = {0.5, -2.0, t};
+      PIData::addDataPoint(id, &point);
+    }
+    PIData::PICategoryDataPoint late{40.0, "Side", "Red"};
+    PIData::addCategoryData(id, &late);
+  }
+  int last = -1;
+  int contentsRight = 0;
+  int shownRight = 0;
+  {
+    WhenShown<QDialog> shown([&](QDialog& dialog) {
+      auto* tree = dialog.findChild<QTreeWidget*>("issuesTreeWidget");
+      last = tree->columnCount() - 1;
+      int widest = tree->header()->sectionSizeHint(last);
+      for (int row = 0; row < tree->topLevelItemCount(); ++row)
+      {
+        if (QWidget* button = tree->itemWidget(tree->topLevelItem(row), last))
+          widest = std::max(widest, button->sizeHint().width());
+      }
+      contentsRight = tree->header()->sectionPosition(last) + widest;
+      shownRight = tree->viewport()->width();
+      dialog.reject();
+    });
+    click("validatePushButton");
+  }
+  EXPECT_EQ(2, last) << "two repairs offered";
+  EXPECT_LE(contentsRight, shownRight) << "the last column is not cut off";
 }

@@ -6,6 +6,7 @@
 #include "widgets/FilterDialog.h"
 
 #include <QCheckBox>
+#include <QScrollArea>
 #include <QSignalSpy>
 
 using PluginUtils::TypeFilter;
@@ -86,9 +87,13 @@ TEST_F(TypeFiltering, TheFilterDialogListsTheFiltersThatHaveEditors)
   dialog.addFilter(withoutEditor);
   EXPECT_EQ(1, dialog.editorCount());
   EXPECT_EQ(1, dialog.findChildren<kelQt::EntityTypeFilterWidget*>().size());
+  dialog.show();
+  auto* scroll = dialog.findChild<QScrollArea*>();
+  ASSERT_NE(nullptr, scroll);
+  EXPECT_GE(scroll->viewport()->height(), scroll->widget()->sizeHint().height())
+    << "the window opens tall enough for its editors without scrolling";
 
   QSignalSpy closed(&dialog, &kelQt::FilterDialog::closedGui);
-  dialog.show();
   dialog.close();
   EXPECT_EQ(1, closed.count());
 }
