@@ -400,8 +400,18 @@ void EntityTreeModel::setUseEntityIcons(bool useIcons)
   if (useEntityIcons_ == useIcons)
     return;
   useEntityIcons_ = useIcons;
-  if (rowCount() > 0)
-    emit dataChanged(index(0, TYPE_COLUMN), index(rowCount() - 1, TYPE_COLUMN));
+  reportColumnChanged_(QModelIndex(), TYPE_COLUMN);
+}
+
+void EntityTreeModel::reportColumnChanged_(const QModelIndex& parent, int column)
+{
+  // Views listen per parent: every level that has rows hears of its own.
+  const int rows = rowCount(parent);
+  if (rows == 0)
+    return;
+  emit dataChanged(index(0, column, parent), index(rows - 1, column, parent));
+  for (int row = 0; row < rows; ++row)
+    reportColumnChanged_(index(row, 0, parent), column);
 }
 
 void EntityTreeModel::setIncludeScenario(bool value)

@@ -96,6 +96,8 @@ private:
   QtEntityTreeItem* itemOf_(const QModelIndex& index) const;
   /// @return the index of column 0 of item; invalid for the root or null.
   QModelIndex indexOfItem_(QtEntityTreeItem* item) const;
+  /// Announces one column of every row under parent, level by level.
+  void reportColumnChanged_(const QModelIndex& parent, int column);
   QVariant displayText_(const QtEntityTreeItem& item, int column) const;
 
   std::unique_ptr<QtEntityTreeItem> rootItem_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/ModelChecker.h"
 #include "support/ServerFixture.h"
 #include "utils/EntityTreeModel.h"
 
@@ -20,4 +21,5 @@ protected:
   SampleEntities sample;
   UniqueID_t other = 0;
   PluginUtils::EntityTreeModel model;
+  ModelChecker modelChecked{&model};
 };

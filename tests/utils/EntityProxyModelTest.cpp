@@ -51,10 +51,17 @@ protected:
   {
     EntityTreeFixture::SetUp();
     proxy.setSourceModel(&model);
+    proxyChecked = std::make_unique<ModelChecker>(&proxy);
+  }
+  void TearDown() override
+  {
+    proxyChecked.reset();
+    EntityTreeFixture::TearDown();
   }
   bool shown(unsigned long id) { return proxy.mapFromSource(model.indexOf(id)).isValid(); }
 
   kelQt::EntityProxyModel proxy;
+  std::unique_ptr<ModelChecker> proxyChecked;
 };
 
 } // namespace

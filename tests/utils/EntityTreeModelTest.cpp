@@ -1,5 +1,6 @@
 #include "host/PIApplicationEvents.h"
 #include "host/PIData.h"
+#include "support/ModelChecker.h"
 #include "support/ServerFixture.h"
 #include "utils/EntityTreeModel.h"
 
@@ -52,6 +53,7 @@ protected:
   }
 
   EntityTreeModel model;
+  ModelChecker checked{&model};
   UniqueID_t platform = 0;
   UniqueID_t beam = 0;
   UniqueID_t gate = 0;
@@ -178,4 +180,28 @@ TEST_F(EntityTree, SynchronisingCatchesUpWithChangesWhoseEventsWereMissed)
 
   model.synchronizeToScenario();
   EXPECT_EQ(1, changed.count()) << "nothing changed, nothing reported";
+}
+
+TEST_F(EntityTree, TurningIconsOnAnnouncesTheTypeCellOfEveryRowAtEveryLevel)
+{
+  model.forceRefresh();
+  QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+  model.setUseEntityIcons(true);
+  const auto covered = [&changed](const QModelIndex& cell) {
+    for (const QList<QVariant>& signal : changed)
+    {
+      const QModelIndex from = signal.at(0).toModelIndex();
+      const QModelIndex to = signal.at(1).toModelIndex();
+      if (from.parent() == cell.parent() && from.row() <= cell.row() && cell.row() <= to.row() &&
+          from.column() <= cell.column() && cell.column() <= to.column())
+        return true;
+    }
+    return false;
+  };
+  for (UniqueID_t id : {platform, beam, gate})
+  {
+    const QModelIndex row = model.indexOf(id);
+    ASSERT_TRUE(row.isValid());
+    EXPECT_TRUE(covered(row.sibling(row.row(), EntityTreeModel::TYPE_COLUMN))) << "entity " << id;
+  }
 }
