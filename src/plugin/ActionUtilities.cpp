@@ -16,10 +16,13 @@ namespace
 {
 
 template <typename Header>
-std::string headerName(unsigned long id)
+bool headerName(unsigned long id, std::string& name)
 {
   Header header;
-  return PIData::getHeader(id, &header) == 0 ? header.name : std::string();
+  if (PIData::getHeader(id, &header) != 0)
+    return false;
+  name = header.name;
+  return true;
 }
 
 } // namespace
@@ -44,19 +47,26 @@ std::string addEllipsisIfConfirm(const std::string& text, const std::string& key
 
 PIScenarioObjectType_t getEntityType(unsigned long id) { return PIData::getObjectType(id); }
 
+bool readEntityHeaderName(unsigned long id, PIScenarioObjectType_t type, std::string& name)
+{
+  switch (type)
+  {
+  case PI_PLATFORM_TYPE: return headerName<PIData::PIPlatformHeader>(id, name);
+  case PI_BEAM_TYPE: return headerName<PIData::PIBeamHeader>(id, name);
+  case PI_GATE_TYPE: return headerName<PIData::PIGateHeader>(id, name);
+  case PI_LASER_TYPE: return headerName<PIData::PILaserHeader>(id, name);
+  case PI_LOB_GROUP_TYPE: return headerName<PIData::PILobHeader>(id, name);
+  case PI_PROJECTOR_TYPE: return headerName<PIData::PIProjectorHeader>(id, name);
+  case PI_CUSTOM_RENDERING_TYPE: return headerName<PIData::PICustomRenderingHeader>(id, name);
+  default: return false;
+  }
+}
+
 std::string getEntityHeaderName(unsigned long id)
 {
-  switch (getEntityType(id))
-  {
-  case PI_PLATFORM_TYPE: return headerName<PIData::PIPlatformHeader>(id);
-  case PI_BEAM_TYPE: return headerName<PIData::PIBeamHeader>(id);
-  case PI_GATE_TYPE: return headerName<PIData::PIGateHeader>(id);
-  case PI_LASER_TYPE: return headerName<PIData::PILaserHeader>(id);
-  case PI_LOB_GROUP_TYPE: return headerName<PIData::PILobHeader>(id);
-  case PI_PROJECTOR_TYPE: return headerName<PIData::PIProjectorHeader>(id);
-  case PI_CUSTOM_RENDERING_TYPE: return headerName<PIData::PICustomRenderingHeader>(id);
-  default: return std::string();
-  }
+  std::string name;
+  readEntityHeaderName(id, getEntityType(id), name);
+  return name;
 }
 
 std::string getEntityName(unsigned long id)

@@ -26,6 +26,11 @@ std::string addEllipsisIfConfirm(const std::string& text, const std::string& key
 PIScenarioObjectType_t getEntityType(unsigned long id);
 /// @return the name in the entity's header; empty for an unknown id.
 std::string getEntityHeaderName(unsigned long id);
+/**
+ * Reads the name in an entity's header, by the header of its kind.
+ * \returns true when the kind has a header and it was read; name is untouched otherwise
+ */
+bool readEntityHeaderName(unsigned long id, PIScenarioObjectType_t type, std::string& name);
 /// @return the entity's name; a platform's alias where it shows one; empty for an unknown id.
 std::string getEntityName(unsigned long id);
 /// @return the name of the entity's host, or its own name when it has none.

@@ -1,6 +1,7 @@
 #include "plugin/MainDialog.h"
 
 #include "host/ServiceClient.h"
+#include "datasources/PointEditorWidget.h"
 #include "merge/AutomaticMergeWidget.h"
 #include "plugin/ActionManager.h"
 #include "plugin/MenuInfo.h"
@@ -105,6 +106,8 @@ void MainDialog::buildTree_()
 void MainDialog::buildTabs_()
 {
   addTab(new AutomaticMergeWidget, AUTO_MERGE_TAB);
+  pointEditor_ = new PointEditorWidget(*entityTreeComposite_);
+  addTab(pointEditor_, POINT_EDITOR_TAB);
   auto* miscellaneous = new MiscellaneousWidget;
   connect(miscellaneous, &MiscellaneousWidget::unitsChanged, this, &MainDialog::applyUnitsChange_);
   addTab(miscellaneous, MISCELLANEOUS_TAB);
@@ -112,7 +115,7 @@ void MainDialog::buildTabs_()
 
 QStringList MainDialog::tabTitles()
 {
-  return {AUTO_MERGE_TAB, MISCELLANEOUS_TAB};
+  return {AUTO_MERGE_TAB, POINT_EDITOR_TAB, MISCELLANEOUS_TAB};
 }
 
 void MainDialog::addTab(TabWidget* tab, const QString& title)
@@ -279,7 +282,12 @@ void MainDialog::applyUnitsChange_()
 void MainDialog::refreshEntities_(const std::vector<UniqueID_t>& ids)
 {
   for (UniqueID_t id : ids)
+  {
     treeModel_->refreshEntity(id);
+    // The point editor reads its entity anew when another party changed it (0: the scenario).
+    if (id == 0 || id == pointEditor_->uniqueId())
+      pointEditor_->resetModel();
+  }
 }
 
 } // namespace QtSep

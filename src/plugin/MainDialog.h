@@ -36,6 +36,7 @@ namespace QtSep
 
 class ActionManager;
 class MenuInfo;
+class PointEditorWidget;
 class TabWidget;
 
 /**
@@ -116,6 +117,7 @@ private:
   kelQt::EntityTreeComposite* entityTreeComposite_;
   PluginUtils::QtCenterEntity* centerEntity_;
   PluginUtils::QtCategoryFilter* categoryFilter_ = nullptr;
+  PointEditorWidget* pointEditor_ = nullptr; ///< owned by the tab widget
   /// An entity added by a command, to select once the tree shows it; 0 for none.
   unsigned long pendingSelection_ = 0; ///< owned by the tree's proxy
   QTabWidget* tabWidget_;

@@ -14,22 +14,22 @@
 namespace QtSep
 {
 
-const char* const UnitsWidget::COORDINATE_SYSTEM_KEY = "UnitsCoordinateSystem";
-const char* const UnitsWidget::TIME_FORMAT_KEY = "UnitsTimeFormat";
-const char* const UnitsWidget::TIME_PRECISION_KEY = "UnitsTimePrecision";
-const char* const UnitsWidget::DURATION_FORMAT_KEY = "UnitsDurationFormat";
-const char* const UnitsWidget::DURATION_PRECISION_KEY = "UnitsDurationPrecision";
-const char* const UnitsWidget::GEODETIC_FORMAT_KEY = "UnitsGeodeticFormat";
-const char* const UnitsWidget::GEODETIC_PRECISION_KEY = "UnitsGeodeticPrecision";
-const char* const UnitsWidget::ALTITUDE_UNITS_KEY = "UnitsAltitude";
-const char* const UnitsWidget::ALTITUDE_PRECISION_KEY = "UnitsAltitudePrecision";
-const char* const UnitsWidget::DISTANCE_UNITS_KEY = "UnitsDistance";
-const char* const UnitsWidget::DISTANCE_PRECISION_KEY = "UnitsDistancePrecision";
-const char* const UnitsWidget::SPEED_UNITS_KEY = "UnitsSpeed";
-const char* const UnitsWidget::SPEED_PRECISION_KEY = "UnitsSpeedPrecision";
-const char* const UnitsWidget::ANGLE_UNITS_KEY = "UnitsAngle";
-const char* const UnitsWidget::ANGLE_PRECISION_KEY = "UnitsAnglePrecision";
-const char* const UnitsWidget::GENERIC_PRECISION_KEY = "UnitsGenericPrecision";
+const char* const UnitsWidget::COORDINATE_SYSTEM_KEY = "Coordinate System";
+const char* const UnitsWidget::TIME_FORMAT_KEY = "Time Format";
+const char* const UnitsWidget::TIME_PRECISION_KEY = "Time Precision";
+const char* const UnitsWidget::DURATION_FORMAT_KEY = "Duration Format";
+const char* const UnitsWidget::DURATION_PRECISION_KEY = "Duration Precision";
+const char* const UnitsWidget::GEODETIC_FORMAT_KEY = "Geodetic Format";
+const char* const UnitsWidget::GEODETIC_PRECISION_KEY = "Geodetic Precision";
+const char* const UnitsWidget::ALTITUDE_UNITS_KEY = "Altitude Units";
+const char* const UnitsWidget::ALTITUDE_PRECISION_KEY = "Altitude Precision";
+const char* const UnitsWidget::DISTANCE_UNITS_KEY = "Distance Units";
+const char* const UnitsWidget::DISTANCE_PRECISION_KEY = "Distance Precision";
+const char* const UnitsWidget::SPEED_UNITS_KEY = "Speed Units";
+const char* const UnitsWidget::SPEED_PRECISION_KEY = "Speed Precision";
+const char* const UnitsWidget::ANGLE_UNITS_KEY = "Angle Units";
+const char* const UnitsWidget::ANGLE_PRECISION_KEY = "Angle Precision";
+const char* const UnitsWidget::GENERIC_PRECISION_KEY = "Generic Precision";
 
 namespace
 {

@@ -15,4 +15,11 @@ std::string stringConvertToString(const T& value)
   return text.str();
 }
 
+/**
+ * Reads hexadecimal text, with or without a leading "0x", as a colour or other 32-bit value.
+ * \returns the value; 0 for text that holds no hexadecimal number (the digits it begins with
+ * count otherwise, as strtoul reads them)
+ */
+unsigned int stringConvertHexToUInt(const std::string& text);
+
 } // namespace UTILS

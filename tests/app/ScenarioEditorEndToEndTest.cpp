@@ -111,7 +111,16 @@ TEST_F(ScenarioEditorEndToEnd, RemoveDuplicatePointsFromTheEditorsTreeMenu)
   ASSERT_NE(nullptr, editor);
   EXPECT_TRUE(editor->isVisible());
   EXPECT_EQ("Qt Scenario Editor", editor->windowTitle());
-  auto* tree = editor->findChild<QTreeView*>("treeView");
+  // The entity tree's view; the point editor's table has the same name. The tree's class lives
+  // in the plug-in, so it is known here by its name only.
+  QWidget* composite = nullptr;
+  for (QWidget* child : editor->findChildren<QWidget*>())
+  {
+    if (QString(child->metaObject()->className()) == "kelQt::EntityTreeComposite")
+      composite = child;
+  }
+  ASSERT_NE(nullptr, composite);
+  auto* tree = composite->findChild<QTreeView*>("treeView");
   ASSERT_NE(nullptr, tree);
 
   const QStringList menu = chooseFromTreeMenu(*tree, "Remove Duplicate Points...");

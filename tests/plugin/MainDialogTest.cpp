@@ -125,10 +125,13 @@ TEST_F(EditorWindow, IsAHiddenDockOfTreeAndTabs)
   EXPECT_EQ("Qt Scenario Editor", dialog->windowTitle());
   EXPECT_EQ("ScenarioEditorMainDialog", dialog->objectName());
   EXPECT_TRUE(dialog->isHidden());
-  EXPECT_EQ((QStringList{"Auto Merge", "Miscellaneous"}), QtSep::MainDialog::tabTitles());
+  EXPECT_EQ((QStringList{"Auto Merge", "Point Editor", "Miscellaneous"}), QtSep::MainDialog::tabTitles());
   EXPECT_EQ(0, dialog->currentTabIndex());
   EXPECT_TRUE(dialog->entityTreeModel().indexOf(sample.gate).isValid()) << "the tree reads the scenario at once";
-  EXPECT_EQ(1, dialog->startPointEdit({sample.platform})) << "no point editor in this build";
+  EXPECT_EQ(1, dialog->startManualMerge({sample.platform})) << "no manual merge in this build";
+  EXPECT_EQ(0, dialog->startPointEdit({sample.platform}));
+  EXPECT_EQ("Point Editor", dialog->tabWidget().tabText(dialog->tabWidget().currentIndex()));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return dialog->entityTreeComposite().selectedItems() == QList<unsigned long>{sample.platform}; }, 10000));
 }
 
 TEST_F(EditorWindow, SwitchingTabsAsksOnlyWhenTheOldTabHasUnsavedEdits)
