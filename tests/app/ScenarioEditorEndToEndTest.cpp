@@ -4,6 +4,8 @@
 #include "store/ScenarioStore.h"
 #include "support/WhenShown.h"
 #include "ui/DataBrowser.h"
+#include "ui/GlobeWidget.h"
+#include "ui/MainWindow.h"
 
 #include <QAction>
 #include <QApplication>
@@ -16,6 +18,14 @@
 #include <QTest>
 #include <QTreeView>
 #include <QTreeWidget>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QPushButton>
+
+#include <marble/MarbleWidget.h>
+
+#include <cmath>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -165,3 +175,86 @@ TEST_F(ScenarioEditorEndToEnd, MergeFromTheDataBrowsersMenuLeavesTheFirstPlatfor
   EXPECT_TRUE(QTest::qWaitFor([&] { return listed() == 1; }, 10000)) << "the Data Browser follows";
 }
 
+
+TEST_F(ScenarioEditorEndToEnd, EditPointsFromTheDataBrowserThenApplyAndFenceOnTheGlobe)
+{
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  QTreeWidget* browser = host->window().dataBrowser()->tree();
+  const QList<QTreeWidgetItem*> tanker = browser->findItems(TRACK, Qt::MatchExactly | Qt::MatchRecursive);
+  ASSERT_EQ(1, tanker.size());
+  browser->clearSelection();
+  tanker.front()->setSelected(true);
+  QStringList offered;
+  {
+    WhenShown<QMenu> menu([&offered](QMenu& shown) { offered = chooseFrom(shown, "Edit Points..."); });
+    emit browser->customContextMenuRequested(browser->visualItemRect(tanker.front()).center());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu.acted(); }, 60000));
+  }
+  ASSERT_TRUE(offered.contains("Edit Points...")) << offered.join("|").toStdString();
+
+  // The Point Editor tab is current with the track's points; its table is a tree view whose
+  // model has the time role.
+  auto* tabs = editor->findChild<QTabWidget*>();
+  ASSERT_NE(nullptr, tabs);
+  EXPECT_EQ("Point Editor", tabs->tabText(tabs->currentIndex()));
+  QWidget* pointEditor = tabs->currentWidget();
+  auto* table = pointEditor->findChild<QTreeView*>("treeView");
+  ASSERT_NE(nullptr, table);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return table->model() && table->model()->rowCount() == 60; }, 10000));
+
+  // A latitude typed in degrees, minutes and seconds, then Apply.
+  QAbstractItemModel& rows = *table->model();
+  ASSERT_TRUE(rows.setData(rows.index(0, 1), "36 30 15.25 N"));
+  auto* apply = pointEditor->findChild<QPushButton*>("applyPushButton");
+  ASSERT_TRUE(apply && apply->isEnabled());
+  apply->click();
+  const kelvor::Entity* stored = host->store().entity(trackId());
+  ASSERT_NE(nullptr, stored);
+  const double typed = (36.0 + 30.0 / 60.0 + 15.25 / 3600.0) * M_PI / 180.0;
+  EXPECT_NEAR(typed, stored->platformPoints.front().lat, 1e-9) << "the store holds the new latitude";
+  EXPECT_TRUE(host->window().isModified());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return dataBrowserPoints() == "60"; }, 10000)) << "the Data Browser follows";
+
+  // A fence dragged on the globe with real mouse events, around points 20 to 40 of the track.
+  kelvor::GlobeWidget* globe = host->window().globe();
+  const std::vector<kelvor::StoredPlatformPoint> track(stored->platformPoints.begin(), stored->platformPoints.end());
+  globe->marble()->centerOn(track[30].lon * 180 / M_PI, track[30].lat * 180 / M_PI);
+  globe->marble()->setDistance(50.0); // km above the ground, so the track spans the view
+  QCoreApplication::processEvents();
+  auto* fence = pointEditor->findChild<QToolButton*>("selectToolButton");
+  ASSERT_NE(nullptr, fence);
+  fence->click();
+  const auto pixel = [globe](const auto& point) {
+    qreal x = 0, y = 0;
+    globe->marble()->screenCoordinates(point.lon * 180 / M_PI, point.lat * 180 / M_PI, x, y);
+    return QPointF(x, y);
+  };
+  const QPointF a = pixel(track[20]);
+  const QPointF b = pixel(track[40]);
+  const QPoint from(static_cast<int>(std::min(a.x(), b.x())) - 3, static_cast<int>(std::min(a.y(), b.y())) - 3);
+  const QPoint to(static_cast<int>(std::max(a.x(), b.x())) + 3, static_cast<int>(std::max(a.y(), b.y())) + 3);
+  QWidget* view = globe->marble();
+  QTest::mousePress(view, Qt::LeftButton, Qt::NoModifier, from);
+  QTest::mouseMove(view, (from + to) / 2);
+  QTest::mouseMove(view, to);
+  QTest::mouseRelease(view, Qt::LeftButton, Qt::NoModifier, to);
+
+  // The box as the globe reads its corners, and the points inside it.
+  qreal lon1 = 0, lat1 = 0, lon2 = 0, lat2 = 0;
+  ASSERT_TRUE(globe->marble()->geoCoordinates(from.x(), from.y(), lon1, lat1, Marble::GeoDataCoordinates::Radian));
+  ASSERT_TRUE(globe->marble()->geoCoordinates(to.x(), to.y(), lon2, lat2, Marble::GeoDataCoordinates::Radian));
+  std::set<double> inside;
+  for (const auto& point : track)
+  {
+    if (point.lat >= std::min(lat1, lat2) && point.lat <= std::max(lat1, lat2) && point.lon >= std::min(lon1, lon2) &&
+        point.lon <= std::max(lon1, lon2))
+      inside.insert(point.time);
+  }
+  ASSERT_GE(inside.size(), 10u) << "the box holds a stretch of the track";
+  std::set<double> selected;
+  for (const QModelIndex& index : table->selectionModel()->selectedRows())
+    selected.insert(index.data(Qt::UserRole).toDouble());
+  EXPECT_EQ(inside, selected) << "exactly the rows whose points lie in the box";
+  fence->click();
+}
