@@ -138,15 +138,20 @@ void PlatformDataSource::setUniqueId(unsigned long id, bool load)
 
 double PlatformDataSource::time(int row) const { return inRange_(row) ? rows_[row].edited.time : 0.0; }
 
-void PlatformDataSource::convert_(const Fix& point, kelCore::Coordinate& out) const
+kelCore::Coordinate PlatformDataSource::storedCoordinate_(const Fix& point) const
 {
   const double elapsed = point.time < 0.0 ? 0.0 : std::max(0.0, point.time - eciReferenceTime_);
-  kelCore::Coordinate in(CoordinateSystem::LLA, vec(point.position), elapsed);
+  kelCore::Coordinate stored(CoordinateSystem::LLA, vec(point.position), elapsed);
   if (isSet(point.orientation))
-    in.setOrientation(vec(point.orientation));
+    stored.setOrientation(vec(point.orientation));
   if (isSet(point.velocity))
-    in.setVelocity(vec(point.velocity));
-  converter_.convert(in, out, coordinateSystem_);
+    stored.setVelocity(vec(point.velocity));
+  return stored;
+}
+
+void PlatformDataSource::convert_(const Fix& point, kelCore::Coordinate& out) const
+{
+  converter_.convert(storedCoordinate_(point), out, coordinateSystem_);
 }
 
 void PlatformDataSource::convert_(const kelCore::Coordinate& in, Fix& point) const
@@ -198,8 +203,12 @@ QVariant PlatformDataSource::data(int row, int column, Role role) const
     value = speed_(edited);
     break;
   default: {
+    // Shown as stored, LLA needs no conversion: every visible cell is read at each repaint.
     kelCore::Coordinate shown;
-    convert_(edited, shown);
+    if (coordinateSystem_ == CoordinateSystem::LLA)
+      shown = storedCoordinate_(edited);
+    else
+      convert_(edited, shown);
     if (!converted_(shown, column, value))
       return QVariant();
   }

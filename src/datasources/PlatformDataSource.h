@@ -2,6 +2,7 @@
 
 #include "datasources/DataSource.h"
 #include "host/PIPoint.h"
+#include "kelCore/Coordinate.h"
 #include "kelCore/CoordinateConverter.h"
 #include "kelCore/CoordinateSystem.h"
 #include "kelCore/GeodeticFormat.h"
@@ -13,7 +14,6 @@
 
 namespace kelCore
 {
-class Coordinate;
 class UnitContext;
 class UnitContextFormatter;
 }
@@ -116,6 +116,8 @@ private:
   };
 
   bool inRange_(int row) const { return row >= 0 && row < rowCount(); }
+  /// The point as stored, in LLA, with the elapsed ECI time of its time (0 for a static point).
+  kelCore::Coordinate storedCoordinate_(const Fix& point) const;
   /// The point in the display system.
   void convert_(const Fix& point, kelCore::Coordinate& out) const;
   /// A coordinate of the display system back into the point; its time stays.

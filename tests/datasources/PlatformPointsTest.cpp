@@ -394,3 +394,32 @@ TEST_F(PlatformPoints, TheSortKeepsRowsOfOneTimeInTheirOrderAndRunsUnderTheModel
   units.setCoordinateSystem(CoordinateSystem::NED);
   model.applyUnitsChange();
 }
+
+TEST_F(PlatformPoints, TheSortFollowsEditsOfTheColumnItSortsOn)
+{
+  const UniqueID_t hawk = track("Hawk", {10, 20, 30, 40, 50, 60});
+  edit(hawk);
+  KeySortFilter sorted;
+  sorted.setSourceModel(&model);
+  sorted.setSortRole(EntityDataModel::RAW_ROLE);
+  sorted.setDynamicSortFilter(true);
+  sorted.sort(3, Qt::AscendingOrder);
+  const auto altitudes = [&sorted] {
+    std::vector<double> out;
+    for (int row = 0; row < sorted.rowCount(); ++row)
+      out.push_back(sorted.index(row, 3).data(EntityDataModel::RAW_ROLE).toDouble());
+    return out;
+  };
+  // Each edit goes through the cache of the sorted column, so the order stays right.
+  for (const auto& [row, altitude] : std::vector<std::pair<int, const char*>>{{0, "5000"}, {3, "-20"}, {5, "700"}, {1, "700"}})
+  {
+    ASSERT_TRUE(type(row, 3, altitude));
+    const std::vector<double> shown = altitudes();
+    EXPECT_TRUE(std::is_sorted(shown.begin(), shown.end())) << "after row " << row << " became " << altitude;
+  }
+  EXPECT_EQ((std::vector<double>{-20, 700, 700, 1000, 1000, 5000}), altitudes());
+  model.copyRow(0);
+  EXPECT_EQ(7, sorted.rowCount());
+  const std::vector<double> withCopy = altitudes();
+  EXPECT_TRUE(std::is_sorted(withCopy.begin(), withCopy.end()));
+}
