@@ -181,6 +181,7 @@ std::string ScenarioReader::command_(const Tokens& t)
     {"projector-state", &ScenarioReader::projectorState_},
     {"custom", &ScenarioReader::custom_},
     {"alias", &ScenarioReader::alias_},
+    {"original-id", &ScenarioReader::originalId_},
     {"state", &ScenarioReader::state_},
     {"color", &ScenarioReader::color_},
     {"target", &ScenarioReader::target_},
@@ -714,6 +715,23 @@ std::string ScenarioReader::alias_(const Tokens& t)
       return error;
   e->alias = alias;
   e->useAlias = t.size() > 3 && kelCore::caseCompare(t[3], "shown") == 0;
+  return std::string();
+}
+
+// The key ties an entity's lines together; an original id given apart is the entity's own.
+std::string ScenarioReader::originalId_(const Tokens& t)
+{
+  Entity* e = nullptr;
+  std::uint64_t original = 0;
+  if (std::string error = entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e); !error.empty())
+    return error;
+  if (t.size() < 3)
+    return missing("ORIGINAL_ID");
+  if (!NumberText::parse(t[2], original))
+    return "bad original id '" + t[2] + "': expected 0 to 18446744073709551615";
+  if (!originalIdsGiven_.insert(e->id).second)
+    return "a second original id for entity " + t[1];
+  std::visit([original](auto& h) { h.originalId = original; }, e->header);
   return std::string();
 }
 

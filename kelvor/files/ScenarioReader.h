@@ -6,6 +6,7 @@
 
 #include <istream>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -94,6 +95,7 @@ private:
   std::string projectorState_(const Tokens& t);
   std::string custom_(const Tokens& t);
   std::string alias_(const Tokens& t);
+  std::string originalId_(const Tokens& t);
   std::string state_(const Tokens& t);
   std::string color_(const Tokens& t);
   std::string target_(const Tokens& t);
@@ -121,6 +123,7 @@ private:
   kelCore::CoordinateConverter converter_;
   std::map<std::int64_t, FileEntity> entities_;
   std::map<std::int64_t, FileTable> tables_;
+  std::set<UniqueID_t> originalIdsGiven_; ///< entities whose original id an original-id line gave
 };
 
 } // namespace kelvor

@@ -7,8 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
 #include <fstream>
 #include <sstream>
+#include <tuple>
 
 using namespace kelvor;
 
@@ -171,6 +173,89 @@ TEST(ScenarioFile, PositionsInEverySystemReadBackToTheSamePlace)
     EXPECT_NEAR(original.alt, p.alt, 1e-3) << static_cast<int>(system);
     EXPECT_NEAR(original.velNorth, p.velNorth, 1e-6) << static_cast<int>(system);
   }
+}
+
+// Each entity as (name, original id, host's name), in the store's order.
+std::vector<std::tuple<std::string, UniqueID_t, std::string>> identities(const ScenarioStore& store)
+{
+  std::vector<std::tuple<std::string, UniqueID_t, std::string>> result;
+  for (UniqueID_t id : store.list(PI_ALL_TYPES))
+  {
+    const Entity& e = *store.entity(id);
+    result.emplace_back(nameOfHeader(e.header), originalIdOfHeader(e.header),
+                        e.host ? nameOfHeader(store.entity(e.host)->header) : std::string());
+  }
+  return result;
+}
+
+UniqueID_t addPlatform(ScenarioStore& store, const std::string& name, UniqueID_t original)
+{
+  PIData::PIPlatformHeader header;
+  header.name = name;
+  header.originalId = original;
+  return store.createEntity(header, 0);
+}
+
+TEST(ScenarioFile, SavingKeepsEveryOriginalIdSharedZeroAndHugeOnes)
+{
+  ScenarioStore store;
+  store.properties().initialized = true;
+  PIData::PIBeamHeader radar;
+  radar.name = "Radar";
+  radar.originalId = 2;
+  // A thinned copy keeps its source's original ids, its children's too.
+  const UniqueID_t source = addPlatform(store, "Source", 1);
+  const UniqueID_t beam = store.createEntity(radar, source);
+  store.createEntity(radar, addPlatform(store, "Source thinned", 1));
+  addPlatform(store, "Zero", 0);
+  addPlatform(store, "Zero too", 0);
+  addPlatform(store, "Largest", UINT64_MAX);
+  addPlatform(store, "Largest key", INT64_MAX);                           // a key still: new keys wrap past it
+  addPlatform(store, "Beyond keys", static_cast<UniqueID_t>(INT64_MAX) + 1);
+  const UniqueID_t seven = addPlatform(store, "Seven", 7);
+  store.entity(beam)->targets.insert({5.0, seven});
+
+  const std::string text = writeToText(store);
+  ScenarioStore back;
+  const ReadReport report = readInto(back, text);
+  ASSERT_TRUE(report.ok()) << (report.errors.empty() ? "" : report.errors[0]) << "\n" << text;
+  EXPECT_EQ(identities(store), identities(back)) << text;
+  const Entity& backBeam = *back.entity(back.entity(back.list(PI_PLATFORM_TYPE)[0])->children.at(0));
+  EXPECT_EQ("Seven", nameOfHeader(back.entity(backBeam.targets.front().value)->header)) << "keys still tie lines together";
+  EXPECT_EQ(text, writeToText(back)) << "a second save writes the same text";
+
+  std::size_t apart = 0;
+  for (std::size_t at = text.find("\noriginal-id "); at != std::string::npos; at = text.find("\noriginal-id ", at + 1))
+    ++apart;
+  EXPECT_EQ(6u, apart) << "the first of a shared id keeps it as its key, so do unique ids up to the largest key";
+  EXPECT_NE(std::string::npos, text.find("platform 1 \"Source\""));
+}
+
+TEST(ScenarioFile, AnOriginalIdLineGivesTheIdApartFromTheKey)
+{
+  ScenarioStore store;
+  const ReadReport report = readInto(store, "kelvor-scenario 1\n"
+                                            "platform 5 \"Old style\"\n"    // the key is the original id
+                                            "platform 6 \"Copy\"\n"
+                                            "ORIGINAL-ID 6 5\n"
+                                            "beam 7 6 \"Radar\" absolute\n"
+                                            "original-id 7 0\n"
+                                            "original-id 7 3\n"             // 7 a second one
+                                            "original-id 8 1\n"             // 8 no such entity
+                                            "original-id 5 -1\n"            // 9 not an original id
+                                            "original-id 5 18446744073709551616\n"
+                                            "original-id 5\n");
+  const std::vector<std::string> expected = {
+    "test.kls:7: a second original id for entity 7",
+    "test.kls:8: unknown entity id 8",
+    "test.kls:9: bad original id '-1': expected 0 to 18446744073709551615",
+    "test.kls:10: bad original id '18446744073709551616': expected 0 to 18446744073709551615",
+    "test.kls:11: missing field: expected ORIGINAL_ID",
+  };
+  EXPECT_EQ(expected, report.errors);
+  const std::vector<std::tuple<std::string, UniqueID_t, std::string>> held = {
+    {"Old style", 5, ""}, {"Copy", 5, ""}, {"Radar", 0, "Copy"}};
+  EXPECT_EQ(held, identities(store));
 }
 
 TEST(ScenarioFile, EachBadLineIsReportedAndTheRestLoads)
