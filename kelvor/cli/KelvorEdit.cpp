@@ -153,18 +153,16 @@ int KelvorEdit::info_(const std::vector<std::string>& args, std::ostream& out, s
     return FAILURE;
   const ScenarioStore& store = session.store();
   std::map<std::string, std::size_t> kinds;
-  std::size_t points = 0;
   for (UniqueID_t id : store.list(PI_ALL_TYPES))
-  {
     ++kinds[ScenarioVocabulary::kindName(store.entity(id)->kind)];
-    points += store.entity(id)->pointCount();
-  }
   const ScenarioProperties& p = store.properties();
   out << "file: " << args[0] << '\n';
   out << "entities: " << store.entityCount() << '\n';
   for (const auto& [kind, count] : kinds)
     out << "  " << kind << ": " << count << '\n';
-  out << "points: " << points << '\n';
+  out << "points: " << store.pointCount()
+      << " (each entity's own: platform positions; beam, gate, laser and LOB pointings; projector fields of view;"
+         " custom rendering states)\n";
   const double begin = store.earliestTime(0), end = store.latestTime(0);
   if (begin < 0)
     out << "time span: none (no timed data)\n";

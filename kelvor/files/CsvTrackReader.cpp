@@ -178,7 +178,6 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
     if (hasVelocity)
       p.velEast = value[VE], p.velNorth = value[VN], p.velUp = value[VU];
     staged.entity(id)->platformPoints.insert(p);
-    ++report.points;
   }
   report.lines = lineNumber;
   if (options_.strict && !report.errors.empty())

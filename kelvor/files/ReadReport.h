@@ -14,7 +14,6 @@ struct ReadReport
   bool loaded = false;             ///< true when the store now holds what was read
   std::size_t lines = 0;           ///< lines read
   std::size_t entities = 0;        ///< entities made
-  std::size_t points = 0;          ///< time-stamped items read
 
   bool ok() const { return loaded && errors.empty(); }
 

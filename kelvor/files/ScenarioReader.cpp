@@ -467,7 +467,6 @@ std::string ScenarioReader::point_(const Tokens& t)
   if (out.hasVelocity())
     s.velEast = out.velocity().x, s.velNorth = out.velocity().y, s.velUp = out.velocity().z;
   e->platformPoints.insert(s);
-  ++report_.points;
   return std::string();
 }
 
@@ -511,7 +510,6 @@ std::string ScenarioReader::beamPoint_(const Tokens& t)
     if (!error.empty())
       return error;
   e->beamPoints.insert(p);
-  ++report_.points;
   return std::string();
 }
 
@@ -541,7 +539,6 @@ std::string ScenarioReader::gatePoint_(const Tokens& t)
     if (!error.empty())
       return error;
   e->gatePoints.insert(p);
-  ++report_.points;
   return std::string();
 }
 
@@ -571,7 +568,6 @@ std::string ScenarioReader::laserPoint_(const Tokens& t)
     if (!error.empty())
       return error;
   e->laserPoints.insert(p);
-  ++report_.points;
   return std::string();
 }
 
@@ -589,7 +585,6 @@ std::string ScenarioReader::laserValue_(const Tokens& t)
     return "bad integer '" + t[3] + "' for WIDTH";
   else
     e->laserWidths.insert({time, static_cast<int>(value)});
-  ++report_.points;
   return std::string();
 }
 
@@ -602,7 +597,6 @@ std::string ScenarioReader::laserOffset_(const Tokens& t)
     if (!error.empty())
       return error;
   e->laserOffsets.insert(o);
-  ++report_.points;
   return std::string();
 }
 
@@ -630,7 +624,6 @@ std::string ScenarioReader::lobPoint_(const Tokens& t)
     if (!error.empty())
       return error;
   e->lobPoints.insert(p);
-  ++report_.points;
   return std::string();
 }
 
@@ -673,7 +666,6 @@ std::string ScenarioReader::projectorFov_(const Tokens& t)
     if (!error.empty())
       return error;
   e->projectorFov.insert(p);
-  ++report_.points;
   return std::string();
 }
 

@@ -197,7 +197,8 @@ bool MainWindow::openFile(const QString& path)
     return false;
   }
   fileName_ = csv ? QString() : path;
-  notifications_->add(tr("Opened %1: %2 entities, %3 points").arg(path).arg(report.entities).arg(report.points),
+  // The points the Data Browser lists, not the lines read: a line may hold no point or replace one.
+  notifications_->add(tr("Opened %1: %2 entities, %3 points").arg(path).arg(store_.entityCount()).arg(store_.pointCount()),
                       NOTIFY_NOTICE);
   setModified(csv || !report.errors.empty());
   globe_->layer().clearOverlays();

@@ -70,6 +70,24 @@ TEST_F(KelvorLiteWindow, OpensTheDemoScenarioAndListsEveryEntity)
   EXPECT_TRUE(QFileInfo(shot).size() > 10000) << shot.toStdString();
 }
 
+TEST_F(KelvorLiteWindow, OpeningReportsThePointsTheDataBrowserListsAsKelvorEditInfoDoes)
+{
+  ASSERT_TRUE(host->window().openFile(DEMO));
+  const NotificationsDock* notes = host->window().notifications();
+  EXPECT_TRUE(notes->line(notes->count() - 1).endsWith(": 16 entities, 717 points"))
+      << notes->line(notes->count() - 1).toStdString() << "; kelvor-edit info says 717 too";
+
+  QTreeWidget* tree = host->window().dataBrowser()->tree();
+  const int pointsColumn = 3;
+  ASSERT_EQ("Points", tree->headerItem()->text(pointsColumn));
+  EXPECT_TRUE(tree->headerItem()->toolTip(pointsColumn).contains("a platform's positions"))
+      << "the header says what is counted";
+  int listed = 0;
+  for (QTreeWidgetItemIterator it(tree); *it; ++it)
+    listed += (*it)->text(pointsColumn).toInt();
+  EXPECT_EQ(717, listed);
+}
+
 TEST_F(KelvorLiteWindow, ARightClickBuildsTheMenuThePluginsAskFor)
 {
   ASSERT_TRUE(host->window().openFile(DEMO));
