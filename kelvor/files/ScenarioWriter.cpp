@@ -228,13 +228,7 @@ void ScenarioWriter::write(std::ostream& out) const
             << static_cast<int>(c.units) << '\n';
       for (const auto& [time, row] : table.rows())
       {
-        out << "row " << t << ' ' << num(time);
-        for (const auto& c : table.columns())
-        {
-          const PIData::DataTableCell* cell = row.findCell(static_cast<unsigned long>(c.id));
-          out << ' ' << (cell ? ScenarioVocabulary::formatCell(*cell) : std::string("NULL"));
-        }
-        out << '\n';
+        out << "row " << t << ' ' << num(time) << ScenarioVocabulary::formatCells(table, row) << '\n';
       }
     }
   }

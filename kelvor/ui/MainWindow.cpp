@@ -29,6 +29,7 @@ namespace
 {
 
 constexpr int NOTIFY_ERROR = 2;
+constexpr int NOTIFY_WARN = 3;
 constexpr int NOTIFY_NOTICE = 4;
 
 MainWindow::SaveAnswer askWithDialog(QWidget* parent, const QString& what)
@@ -97,8 +98,7 @@ void MainWindow::buildMenus_()
     if (path.isEmpty())
       return;
     const ReadReport report = CsvTrackReader(store_, {false, false}).readFile(path.toStdString());
-    for (const std::string& e : report.errors)
-      notifications_->add(QString::fromStdString(e), NOTIFY_ERROR);
+    notifyProblems_(report);
     if (report.loaded)
       setModified(true);
   });
@@ -189,8 +189,7 @@ bool MainWindow::openFile(const QString& path)
   const bool csv = path.endsWith(".csv", Qt::CaseInsensitive);
   const ReadReport report = csv ? CsvTrackReader(store_).readFile(path.toStdString())
                                 : ScenarioReader(store_).readFile(path.toStdString());
-  for (const std::string& e : report.errors)
-    notifications_->add(QString::fromStdString(e), NOTIFY_ERROR);
+  notifyProblems_(report);
   if (!report.loaded)
   {
     QMessageBox::warning(this, tr("Open"), tr("%1 could not be opened; see the notifications.").arg(path));
@@ -198,13 +197,23 @@ bool MainWindow::openFile(const QString& path)
   }
   fileName_ = csv ? QString() : path;
   // The points the Data Browser lists, not the lines read: a line may hold no point or replace one.
-  notifications_->add(tr("Opened %1: %2 entities, %3 points").arg(path).arg(store_.entityCount()).arg(store_.pointCount()),
-                      NOTIFY_NOTICE);
+  QString opened = tr("Opened %1: %2 entities, %3 points").arg(path).arg(store_.entityCount()).arg(store_.pointCount());
+  if (const std::string replaced = report.replacementSummary(); !replaced.empty())
+    opened += "; " + QString::fromStdString(replaced);
+  notifications_->add(opened, NOTIFY_NOTICE);
   setModified(csv || !report.errors.empty());
   globe_->layer().clearOverlays();
   refreshNow();
   globe_->showScenario();
   return true;
+}
+
+void MainWindow::notifyProblems_(const ReadReport& report)
+{
+  for (const std::string& e : report.errors)
+    notifications_->add(QString::fromStdString(e), NOTIFY_ERROR);
+  for (const std::string& w : report.warnings)
+    notifications_->add(QString::fromStdString(w), NOTIFY_WARN);
 }
 
 bool MainWindow::save()

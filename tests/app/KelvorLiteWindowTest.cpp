@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -86,6 +87,27 @@ TEST_F(KelvorLiteWindow, OpeningReportsThePointsTheDataBrowserListsAsKelvorEditI
   for (QTreeWidgetItemIterator it(tree); *it; ++it)
     listed += (*it)->text(pointsColumn).toInt();
   EXPECT_EQ(717, listed);
+}
+
+TEST_F(KelvorLiteWindow, OpeningWarnsOfEachRecordThatReplacedAnEarlierOne)
+{
+  const QString path = dir.filePath("twice.kls");
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("kelvor-scenario 1\nplatform 1 \"A\"\npoint 1 0 35 -117 0\npoint 1 0 35.5 -117 0\n"
+             "point 1 9 35 -117 0\npoint 1 9 35 -117 0\n");
+  file.close();
+  ASSERT_TRUE(host->window().openFile(path));
+  const NotificationsDock* notes = host->window().notifications();
+  QStringList lines;
+  for (int i = 0; i < notes->count(); ++i)
+    lines << notes->line(i);
+  EXPECT_TRUE(lines.contains("WARN: " + path + ":4: replaces the point of line 3 at time 0")) << lines.join('\n').toStdString();
+  EXPECT_TRUE(lines.contains("WARN: " + path + ": 1 identical repeated record ignored"));
+  EXPECT_EQ("NOTICE: Opened " + path + ": 1 entities, 2 points; 1 record replaced an earlier one, 1 identical repeated "
+            "record ignored",
+            lines.last());
+  EXPECT_FALSE(host->window().isModified()) << "nothing was lost that a save would drop";
 }
 
 TEST_F(KelvorLiteWindow, ARightClickBuildsTheMenuThePluginsAskFor)

@@ -94,6 +94,24 @@ TEST_F(KelvorEditCommands, CheckReportsEveryBadLine)
   EXPECT_NE(std::string::npos, out.str().find("2 of 4 lines cannot be read"));
 }
 
+TEST_F(KelvorEditCommands, CheckAndConvertCountTheRecordsThatReplacedEarlierOnes)
+{
+  const std::string csv = file("twice.csv", "time,lat,lon,alt\n1,30.001,-80,100\n1,30.5,-80.5,999\n");
+  EXPECT_EQ(KelvorEdit::SUCCESS, run({"check", csv})) << "a warning is no error";
+  EXPECT_EQ(csv + ":3: replaces the point of line 2 at time 1\n", err.str());
+  EXPECT_EQ(csv + ": 3 lines, all readable; 1 record replaced an earlier one\n", out.str());
+
+  const std::string kls = file("twice.kls", "kelvor-scenario 1\nplatform 1 \"A\"\npoint 1 0 35 -117 0\n"
+                                            "point 1 0 35 -117 0\npoint 1 0 35 -117 5\nstate 1 0 on\nstate 1 0 on\n");
+  const std::string out2 = dir.filePath("out.kls").toStdString();
+  EXPECT_EQ(KelvorEdit::SUCCESS, run({"convert", kls, out2}));
+  EXPECT_EQ(kls + ":5: replaces the point of line 4 at time 0\n" + kls + ": 2 identical repeated records ignored\n",
+            err.str());
+  EXPECT_NE(std::string::npos,
+            out.str().find("; 1 record replaced an earlier one, 2 identical repeated records ignored)\n"))
+      << out.str();
+}
+
 TEST_F(KelvorEditCommands, ConvertReadsCsvAndWritesAnySystemButNeverDropsBadLines)
 {
   const std::string csv = file("track.csv", "time,lat,lon,alt\n0,35,-117,100\n1,35.001,-117,110\n");
