@@ -4,12 +4,15 @@
 #include "files/ScenarioReader.h"
 #include "files/ScenarioWriter.h"
 #include "server/KelvorServer.h"
+#include "server/Registry.h"
 #include "ui/ClockBar.h"
 #include "ui/ContextMenuRenderer.h"
 #include "ui/DataBrowser.h"
 #include "ui/GlobeWidget.h"
+#include "ui/MapThemes.h"
 #include "ui/NotificationsDock.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -32,6 +35,14 @@ constexpr int NOTIFY_ERROR = 2;
 constexpr int NOTIFY_WARN = 3;
 constexpr int NOTIFY_NOTICE = 4;
 
+// The map theme the user chose last time, if it is still installed.
+QString savedMapTheme(const Registry& registry)
+{
+  std::string saved;
+  registry.setting(MapThemes::SETTING, saved);
+  return MapThemes::choose(QString::fromStdString(saved));
+}
+
 MainWindow::SaveAnswer askWithDialog(QWidget* parent, const QString& what)
 {
   const auto answer = QMessageBox::question(parent, QObject::tr("Unsaved Changes"),
@@ -49,7 +60,7 @@ MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* pare
   : QMainWindow(parent),
     store_(store),
     server_(server),
-    globe_(new GlobeWidget(store, this)),
+    globe_(new GlobeWidget(store, savedMapTheme(server.registry()), this)),
     dataBrowser_(new DataBrowser(store, this)),
     notifications_(new NotificationsDock(this)),
     clockBar_(new ClockBar(store, this)),
@@ -126,12 +137,31 @@ void MainWindow::buildMenus_()
   view->addAction(notifications_->toggleViewAction());
   view->addAction(clockBar_->toggleViewAction());
   view->addAction(tr("Show &Scenario"), globe_, &GlobeWidget::showScenario);
+  buildMapThemeMenu_(view->addMenu(tr("&Map Theme")));
   QMenu* help = menuBar()->addMenu(tr("&Help"));
   help->addAction(tr("&About KELVOR Lite"), this, [this]() {
     QMessageBox::about(this, tr("About KELVOR Lite"),
                        tr("KELVOR Lite: a desktop host of 3-D scenario displays and their plug-ins. Host API 1.29.0."));
   });
   rebuildPluginMenu();
+}
+
+void MainWindow::buildMapThemeMenu_(QMenu* menu)
+{
+  menu->setObjectName("MapThemeMenu");
+  auto* group = new QActionGroup(menu);
+  for (const MapThemes::Theme& theme : MapThemes::installed())
+  {
+    QAction* action = group->addAction(theme.name);
+    action->setCheckable(true);
+    action->setChecked(theme.id == globe_->mapTheme());
+    menu->addAction(action);
+    connect(action, &QAction::triggered, this, [this, id = theme.id]() {
+      globe_->setMapTheme(id);
+      server_.registry().setSetting(MapThemes::SETTING, id.toStdString());
+    });
+  }
+  menu->setEnabled(!group->actions().isEmpty());
 }
 
 void MainWindow::rebuildPluginMenu()

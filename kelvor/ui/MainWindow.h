@@ -79,6 +79,7 @@ protected:
 
 private:
   void buildMenus_();
+  void buildMapThemeMenu_(QMenu* menu);
   /// Lists a read's errors and warnings in the notifications.
   void notifyProblems_(const ReadReport& report);
   bool maySetAside_(const QString& what);

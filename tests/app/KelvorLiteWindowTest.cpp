@@ -1,5 +1,6 @@
 #include "app/HostApplication.h"
 #include "ui/DataBrowser.h"
+#include "ui/GlobeWidget.h"
 #include "ui/NotificationsDock.h"
 
 #include <QAction>
@@ -12,6 +13,10 @@
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
+
+#include <marble/MarbleWidget.h>
+
+#include <map>
 
 using namespace kelvor;
 
@@ -108,6 +113,46 @@ TEST_F(KelvorLiteWindow, OpeningWarnsOfEachRecordThatReplacedAnEarlierOne)
             "record ignored",
             lines.last());
   EXPECT_FALSE(host->window().isModified()) << "nothing was lost that a save would drop";
+}
+
+// The Map Theme menu's items by text, and which one is checked.
+std::map<QString, QAction*> mapThemeItems(MainWindow& window, QString& checked)
+{
+  auto* menu = window.findChild<QMenu*>("MapThemeMenu");
+  std::map<QString, QAction*> items;
+  if (!menu)
+    return items;
+  for (QAction* action : menu->actions())
+  {
+    items[action->text()] = action;
+    if (action->isChecked())
+      checked += action->text();
+  }
+  return items;
+}
+
+TEST_F(KelvorLiteWindow, TheViewMenuOffersTheOfflineMapThemesAndTheChoiceIsKept)
+{
+  QString checked;
+  auto items = mapThemeItems(host->window(), checked);
+  ASSERT_EQ(3u, items.size()) << "Atlas, Plain and Blue Marble are installed with Marble's data";
+  EXPECT_EQ("Plain", checked) << "the theme that stays sharp at a scenario's scale comes first";
+  EXPECT_EQ("earth/plain/plain.dgml", host->window().globe()->marble()->mapThemeId());
+
+  items.at("Atlas")->trigger();
+  EXPECT_EQ("earth/srtm/srtm.dgml", host->window().globe()->marble()->mapThemeId());
+  items.at("Blue Marble")->trigger();
+  items.at("Atlas")->trigger();
+  checked.clear();
+  mapThemeItems(host->window(), checked);
+  EXPECT_EQ("Atlas", checked) << "one theme is checked at a time";
+
+  host.reset();
+  host = std::make_unique<HostApplication>(dir.filePath("registry.ini").toStdString());
+  checked.clear();
+  mapThemeItems(host->window(), checked);
+  EXPECT_EQ("Atlas", checked) << "the next start opens with the theme chosen";
+  EXPECT_EQ("earth/srtm/srtm.dgml", host->window().globe()->marble()->mapThemeId());
 }
 
 TEST_F(KelvorLiteWindow, ARightClickBuildsTheMenuThePluginsAskFor)
