@@ -63,7 +63,7 @@ MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* pare
     globe_(new GlobeWidget(store, savedMapTheme(server.registry()), this)),
     dataBrowser_(new DataBrowser(store, this)),
     notifications_(new NotificationsDock(this)),
-    clockBar_(new ClockBar(store, this)),
+    clockBar_(new ClockBar(store, server.registry(), this)),
     toast_(new QLabel(this)),
     cursor_(new QLabel(this)),
     refreshTimer_(new QTimer(this))
