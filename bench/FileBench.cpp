@@ -56,7 +56,7 @@ void BM_LoadScenario(benchmark::State& state)
     const kelvor::ReadReport report = kelvor::ScenarioReader(store).readFile(file);
     if (!report.ok())
       state.SkipWithError("the file did not read clean");
-    benchmark::DoNotOptimize(report.points);
+    benchmark::DoNotOptimize(report.entities);
   }
   state.counters["MB/s"] = benchmark::Counter(bytes / 1e6, benchmark::Counter::kIsIterationInvariantRate);
   state.counters["peak_MB"] = peakMegabytes();

@@ -8,6 +8,7 @@ packages=(
   qtbase5-dev qtbase5-dev-tools libqt5svg5-dev
   libpcre3-dev libgeographiclib-dev libeigen3-dev
   libmarble-dev marble-data
+  marble-plugins   # reads the vector coasts, borders and places that the Atlas and Plain themes draw
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth
   clang libclang-rt-14-dev

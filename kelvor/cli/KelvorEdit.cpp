@@ -20,10 +20,20 @@ namespace kelvor
 namespace
 {
 
-void printErrors(const ReadReport& report, std::ostream& err)
+// Errors and warnings go to standard error, each as file:line: text.
+void printProblems(const ReadReport& report, std::ostream& err)
 {
   for (const std::string& e : report.errors)
     err << e << '\n';
+  for (const std::string& w : report.warnings)
+    err << w << '\n';
+}
+
+/// @return "; " and the report's count of replaced records, or nothing when none was replaced.
+std::string replacements(const ReadReport& report)
+{
+  const std::string summary = report.replacementSummary();
+  return summary.empty() ? summary : "; " + summary;
 }
 
 std::string degrees(double radians, char positive, char negative)
@@ -68,14 +78,16 @@ bool takesOneFile(const std::vector<std::string>& args, const char* command, std
 ReadReport openReporting(EditSession& session, const std::string& path, std::ostream& err)
 {
   const ReadReport report = session.open(path);
-  printErrors(report, err);
+  printProblems(report, err);
   return report;
 }
 
-/// Opens a file for a command that writes it again. @return false, after saying why, when any line cannot be read
-bool openWhole(EditSession& session, const std::string& path, std::ostream& err)
+/// Opens a file for a command that writes it again. @param report receives what the read did
+/// @return false, after saying why, when any line cannot be read
+bool openWhole(EditSession& session, const std::string& path, std::ostream& err, ReadReport& report)
 {
-  if (openReporting(session, path, err).ok())
+  report = openReporting(session, path, err);
+  if (report.ok())
     return true;
   // Writing would drop the lines that could not be read.
   err << "kelvor-edit: " << path << " has lines that cannot be read; nothing written\n";
@@ -132,7 +144,8 @@ void KelvorEdit::usage_(std::ostream& out)
          "  info FILE                       entities by kind, points, time span, reference year, origin\n"
          "  convert IN OUT [--positions S]  read IN and write OUT as a scenario file, positions in\n"
          "                                  S: LLA (the default), ECEF, NED, NWU, ENU, XEAST or GTP\n"
-         "  check FILE                      report every line that cannot be read\n"
+         "  check FILE                      report every line that cannot be read, and every record that\n"
+         "                                  replaces an earlier one of its series and time\n"
          "  remove-duplicates IN OUT [--entity NAME_OR_ID]...\n"
          "                                  of each run of three or more points equal but for their\n"
          "                                  time keep the first and last; the named entities and their\n"
@@ -153,18 +166,16 @@ int KelvorEdit::info_(const std::vector<std::string>& args, std::ostream& out, s
     return FAILURE;
   const ScenarioStore& store = session.store();
   std::map<std::string, std::size_t> kinds;
-  std::size_t points = 0;
   for (UniqueID_t id : store.list(PI_ALL_TYPES))
-  {
     ++kinds[ScenarioVocabulary::kindName(store.entity(id)->kind)];
-    points += store.entity(id)->pointCount();
-  }
   const ScenarioProperties& p = store.properties();
   out << "file: " << args[0] << '\n';
   out << "entities: " << store.entityCount() << '\n';
   for (const auto& [kind, count] : kinds)
     out << "  " << kind << ": " << count << '\n';
-  out << "points: " << points << '\n';
+  out << "points: " << store.pointCount()
+      << " (each entity's own: platform positions; beam, gate, laser and LOB pointings; projector fields of view;"
+         " custom rendering states)\n";
   const double begin = store.earliestTime(0), end = store.latestTime(0);
   if (begin < 0)
     out << "time span: none (no timed data)\n";
@@ -200,12 +211,13 @@ int KelvorEdit::convert_(const std::vector<std::string>& args, std::ostream& out
     return USAGE;
   }
   EditSession session;
-  if (!openWhole(session, files[0], err))
+  ReadReport report;
+  if (!openWhole(session, files[0], err, report))
     return FAILURE;
   if (!writeScenario(session.store(), files[1], positions, err))
     return FAILURE;
   out << "wrote " << files[1] << " (" << session.store().entityCount() << " entities, positions "
-      << ScenarioVocabulary::positionSystemName(positions) << ")\n";
+      << ScenarioVocabulary::positionSystemName(positions) << replacements(report) << ")\n";
   return SUCCESS;
 }
 
@@ -215,12 +227,14 @@ int KelvorEdit::check_(const std::vector<std::string>& args, std::ostream& out, 
     return USAGE;
   EditSession session;
   const ReadReport report = openReporting(session, args[0], err);
+  // A replaced record is a warning, not an error: the file still reads whole.
   if (report.errors.empty())
   {
-    out << args[0] << ": " << report.lines << " lines, all readable\n";
+    out << args[0] << ": " << report.lines << " lines, all readable" << replacements(report) << '\n';
     return SUCCESS;
   }
-  out << args[0] << ": " << report.errors.size() << " of " << report.lines << " lines cannot be read\n";
+  out << args[0] << ": " << report.errors.size() << " of " << report.lines << " lines cannot be read"
+      << replacements(report) << '\n';
   return FAILURE;
 }
 
@@ -248,7 +262,8 @@ int KelvorEdit::removeDuplicates_(const std::vector<std::string>& args, std::ost
     return USAGE;
   }
   EditSession session;
-  if (!openWhole(session, files[0], err))
+  ReadReport report;
+  if (!openWhole(session, files[0], err, report))
     return FAILURE;
 
   std::vector<UniqueID_t> ids;

@@ -1,6 +1,7 @@
 #include "files/CsvTrackReader.h"
 
 #include "files/NumberText.h"
+#include "files/RecordPlacer.h"
 #include "kelCore/StringUtils.h"
 
 #include <algorithm>
@@ -129,7 +130,13 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
     return report;
 
   ScenarioStore staged;
-  std::map<std::string, UniqueID_t> platforms;
+  struct Platform
+  {
+    UniqueID_t id = 0;
+    SeriesLines lines; ///< the line of each point
+  };
+  std::map<std::string, Platform> platforms;
+  const RecordPlacer placer(report, name);
   const std::string fileName = baseName(name);
   while (std::getline(in, line))
   {
@@ -159,13 +166,13 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
       continue;
     }
     const std::string platformName = index[NAME] >= 0 ? fields[static_cast<std::size_t>(index[NAME])] : fileName;
-    UniqueID_t& id = platforms[platformName];
-    if (!id)
+    Platform& platform = platforms[platformName];
+    if (!platform.id)
     {
       PIData::PIPlatformHeader header;
       header.name = platformName;
       header.originalId = platforms.size();
-      id = staged.createEntity(header, 0);
+      platform.id = staged.createEntity(header, 0);
       ++report.entities;
     }
     StoredPlatformPoint p;
@@ -177,10 +184,10 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
       p.yaw = value[YAW] * DEG, p.pitch = value[PITCH] * DEG, p.roll = value[ROLL] * DEG;
     if (hasVelocity)
       p.velEast = value[VE], p.velNorth = value[VN], p.velUp = value[VU];
-    staged.entity(id)->platformPoints.insert(p);
-    ++report.points;
+    placer.place(staged.entity(platform.id)->platformPoints, platform.lines, p, lineNumber, "the point");
   }
   report.lines = lineNumber;
+  report.noteRepeats(name);
   if (options_.strict && !report.errors.empty())
     return report;
   if (options_.replace)

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <unordered_map>
 
@@ -17,6 +18,11 @@ namespace
 {
 
 constexpr double DEG = M_PI / 180.0;
+
+// What a warning calls an item of each series, in the order of ScenarioReader::Series:
+// "replaces the colour of line 12".
+const char* const SERIES_ITEM[] = {"the point", "the range",        "the width", "the offset", "the style",
+                                   "the on/off state", "the state", "the colour", "the target"};
 
 std::string missing(const char* field) { return std::string("missing field: expected ") + field; }
 
@@ -91,6 +97,7 @@ ReadReport ScenarioReader::read(std::istream& in, const std::string& name)
   if (!headerSeen_ && !notAScenario_)
     report_.errors.push_back(name_ + ":" + std::to_string(std::max<std::size_t>(lineNumber_, 1)) +
                              ": empty file: no 'kelvor-scenario 1' line");
+  report_.noteRepeats(name_);
   ReadReport result = report_;
   finish_(result);
   return result;
@@ -181,6 +188,7 @@ std::string ScenarioReader::command_(const Tokens& t)
     {"projector-state", &ScenarioReader::projectorState_},
     {"custom", &ScenarioReader::custom_},
     {"alias", &ScenarioReader::alias_},
+    {"original-id", &ScenarioReader::originalId_},
     {"state", &ScenarioReader::state_},
     {"color", &ScenarioReader::color_},
     {"target", &ScenarioReader::target_},
@@ -258,7 +266,13 @@ std::string ScenarioReader::text_(const Tokens& t, std::size_t i, const char* fi
   return std::string();
 }
 
-std::string ScenarioReader::entity_(const Tokens& t, std::size_t i, int kinds, Entity*& entity) const
+std::string ScenarioReader::entity_(const Tokens& t, std::size_t i, int kinds, Entity*& entity)
+{
+  FileEntity* file = nullptr;
+  return entity_(t, i, kinds, entity, file);
+}
+
+std::string ScenarioReader::entity_(const Tokens& t, std::size_t i, int kinds, Entity*& entity, FileEntity*& file)
 {
   std::int64_t fileId = 0;
   if (std::string error = integer_(t, i, "ID", fileId); !error.empty())
@@ -269,8 +283,37 @@ std::string ScenarioReader::entity_(const Tokens& t, std::size_t i, int kinds, E
   if ((it->second.kind & kinds) == 0)
     return "entity " + t[i] + " is a " + ScenarioVocabulary::kindName(it->second.kind) + ", not a " +
            ScenarioVocabulary::kindNames(kinds);
-  entity = const_cast<ScenarioStore&>(staged_).entity(it->second.id);
+  entity = staged_.entity(it->second.id);
+  file = &it->second;
   return std::string();
+}
+
+template <typename T>
+void ScenarioReader::place_(FileEntity& file, Series series, TimeSeries<T>& items, const T& item)
+{
+  static_assert(std::size(SERIES_ITEM) == GENERIC, "generic and category data are placed by placeKeyed_");
+  placer_.place(items, file.lines[series], item, lineNumber_, SERIES_ITEM[series]);
+}
+
+// Generic and category data are kept by time, then by tag or name: one item of a key at a time.
+template <typename T, typename Key>
+void ScenarioReader::placeKeyed_(FileEntity& file, Series series, std::vector<T>& items, const T& item, Key key,
+                                 const char* what)
+{
+  auto it = std::lower_bound(items.begin(), items.end(), item, [&key](const T& a, const T& b) {
+    return a.time < b.time || (a.time == b.time && key(a) < key(b));
+  });
+  const bool replaced = it != items.end() && it->time == item.time && key(*it) == key(item);
+  const std::size_t earlierLine =
+      file.lines[series].place(static_cast<std::size_t>(it - items.begin()), replaced, lineNumber_);
+  if (!replaced)
+    items.insert(it, item);
+  else
+  {
+    report_.noteReplacement(name_, lineNumber_, earlierLine, what + (" " + LineTokenizer::quote(key(item))), item.time,
+                            sameRecord(*it, item));
+    *it = item;
+  }
 }
 
 std::string ScenarioReader::newEntity_(const EntityHeader& header, UniqueID_t host, std::int64_t fileId)
@@ -416,9 +459,10 @@ std::string ScenarioReader::platform_(const Tokens& t)
 std::string ScenarioReader::point_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   double time = 0;
   double p[3] = {0, 0, 0};
-  if (std::string error = entity_(t, 1, PI_PLATFORM_TYPE, e); !error.empty())
+  if (std::string error = entity_(t, 1, PI_PLATFORM_TYPE, e, f); !error.empty())
     return error;
   if (std::string error = time_(t, 2, time); !error.empty())
     return error;
@@ -465,8 +509,7 @@ std::string ScenarioReader::point_(const Tokens& t)
     s.yaw = out.orientation().x, s.pitch = out.orientation().y, s.roll = out.orientation().z;
   if (out.hasVelocity())
     s.velEast = out.velocity().x, s.velNorth = out.velocity().y, s.velUp = out.velocity().z;
-  e->platformPoints.insert(s);
-  ++report_.points;
+  place_(*f, POINTS, e->platformPoints, s);
   return std::string();
 }
 
@@ -504,13 +547,13 @@ std::string ScenarioReader::beam_(const Tokens& t)
 std::string ScenarioReader::beamPoint_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   PIData::PIBeamPoint p;
-  for (auto error : {entity_(t, 1, PI_BEAM_TYPE, e), time_(t, 2, p.time), angle_(t, 3, "AZ", p.azimuth),
+  for (auto error : {entity_(t, 1, PI_BEAM_TYPE, e, f), time_(t, 2, p.time), angle_(t, 3, "AZ", p.azimuth),
                      angle_(t, 4, "EL", p.elevation), number_(t, 5, "LENGTH", p.length)})
     if (!error.empty())
       return error;
-  e->beamPoints.insert(p);
-  ++report_.points;
+  place_(*f, POINTS, e->beamPoints, p);
   return std::string();
 }
 
@@ -532,15 +575,15 @@ std::string ScenarioReader::gate_(const Tokens& t)
 std::string ScenarioReader::gatePoint_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   PIData::PIGatePoint p;
-  for (auto error : {entity_(t, 1, PI_GATE_TYPE, e), time_(t, 2, p.time), angle_(t, 3, "AZ", p.azimuth),
+  for (auto error : {entity_(t, 1, PI_GATE_TYPE, e, f), time_(t, 2, p.time), angle_(t, 3, "AZ", p.azimuth),
                      angle_(t, 4, "EL", p.elevation), angle_(t, 5, "WIDTH", p.width), angle_(t, 6, "HEIGHT", p.height),
                      number_(t, 7, "MINRANGE", p.minRange), number_(t, 8, "MAXRANGE", p.maxRange),
                      number_(t, 9, "CENTROID", p.centroid)})
     if (!error.empty())
       return error;
-  e->gatePoints.insert(p);
-  ++report_.points;
+  place_(*f, POINTS, e->gatePoints, p);
   return std::string();
 }
 
@@ -564,44 +607,44 @@ std::string ScenarioReader::laser_(const Tokens& t)
 std::string ScenarioReader::laserPoint_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   PIData::PILaserPoint p;
-  for (auto error : {entity_(t, 1, PI_LASER_TYPE, e), time_(t, 2, p.time), angle_(t, 3, "AZ", p.azimuth),
+  for (auto error : {entity_(t, 1, PI_LASER_TYPE, e, f), time_(t, 2, p.time), angle_(t, 3, "AZ", p.azimuth),
                      angle_(t, 4, "EL", p.elevation), angle_(t, 5, "ROLL", p.roll)})
     if (!error.empty())
       return error;
-  e->laserPoints.insert(p);
-  ++report_.points;
+  place_(*f, POINTS, e->laserPoints, p);
   return std::string();
 }
 
 std::string ScenarioReader::laserValue_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   double time = 0, value = 0;
   const bool range = kelCore::caseCompare(t[0], "laser-range") == 0;
-  for (auto error : {entity_(t, 1, PI_LASER_TYPE, e), time_(t, 2, time), number_(t, 3, range ? "RANGE" : "WIDTH", value)})
+  for (auto error : {entity_(t, 1, PI_LASER_TYPE, e, f), time_(t, 2, time), number_(t, 3, range ? "RANGE" : "WIDTH", value)})
     if (!error.empty())
       return error;
   if (range)
-    e->laserMaxRange.insert({time, value});
+    place_(*f, LASER_RANGES, e->laserMaxRange, {time, value});
   else if (value != std::floor(value))
     return "bad integer '" + t[3] + "' for WIDTH";
   else
-    e->laserWidths.insert({time, static_cast<int>(value)});
-  ++report_.points;
+    place_(*f, LASER_WIDTHS, e->laserWidths, {time, static_cast<int>(value)});
   return std::string();
 }
 
 std::string ScenarioReader::laserOffset_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   PIData::PILaserOffset o;
-  for (auto error : {entity_(t, 1, PI_LASER_TYPE, e), time_(t, 2, o.time), number_(t, 3, "X", o.x),
+  for (auto error : {entity_(t, 1, PI_LASER_TYPE, e, f), time_(t, 2, o.time), number_(t, 3, "X", o.x),
                      number_(t, 4, "Y", o.y), number_(t, 5, "Z", o.z)})
     if (!error.empty())
       return error;
-  e->laserOffsets.insert(o);
-  ++report_.points;
+  place_(*f, LASER_OFFSETS, e->laserOffsets, o);
   return std::string();
 }
 
@@ -623,22 +666,23 @@ std::string ScenarioReader::lob_(const Tokens& t)
 std::string ScenarioReader::lobPoint_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   PIData::PILobPoint p;
-  for (auto error : {entity_(t, 1, PI_LOB_GROUP_TYPE, e), time_(t, 2, p.time), angle_(t, 3, "AZ", p.azimuth),
+  for (auto error : {entity_(t, 1, PI_LOB_GROUP_TYPE, e, f), time_(t, 2, p.time), angle_(t, 3, "AZ", p.azimuth),
                      angle_(t, 4, "EL", p.elevation), number_(t, 5, "LENGTH", p.length)})
     if (!error.empty())
       return error;
-  e->lobPoints.insert(p);
-  ++report_.points;
+  place_(*f, POINTS, e->lobPoints, p);
   return std::string();
 }
 
 std::string ScenarioReader::lobStyle_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   PIData::PILobDrawStyle s;
   std::int64_t stipple1 = 0, stipple2 = 0, width = 0;
-  for (auto error : {entity_(t, 1, PI_LOB_GROUP_TYPE, e), time_(t, 2, s.time), color_(t, 3, s.color1),
+  for (auto error : {entity_(t, 1, PI_LOB_GROUP_TYPE, e, f), time_(t, 2, s.time), color_(t, 3, s.color1),
                      color_(t, 4, s.color2), integer_(t, 5, "STIPPLE1", stipple1), integer_(t, 6, "STIPPLE2", stipple2),
                      integer_(t, 7, "WIDTH", width)})
     if (!error.empty())
@@ -648,7 +692,7 @@ std::string ScenarioReader::lobStyle_(const Tokens& t)
   s.stipple1 = static_cast<std::uint16_t>(stipple1);
   s.stipple2 = static_cast<std::uint16_t>(stipple2);
   s.pixelWidth = static_cast<std::int32_t>(width);
-  e->lobDrawStyles.insert(s);
+  place_(*f, LOB_STYLES, e->lobDrawStyles, s);
   return std::string();
 }
 
@@ -667,26 +711,27 @@ std::string ScenarioReader::projector_(const Tokens& t)
 std::string ScenarioReader::projectorFov_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   PIData::PIProjectorPoint p;
-  for (auto error : {entity_(t, 1, PI_PROJECTOR_TYPE, e), time_(t, 2, p.time), angle_(t, 3, "FOV", p.fieldOfView)})
+  for (auto error : {entity_(t, 1, PI_PROJECTOR_TYPE, e, f), time_(t, 2, p.time), angle_(t, 3, "FOV", p.fieldOfView)})
     if (!error.empty())
       return error;
-  e->projectorFov.insert(p);
-  ++report_.points;
+  place_(*f, POINTS, e->projectorFov, p);
   return std::string();
 }
 
 std::string ScenarioReader::projectorState_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   double time = 0;
   bool on = false;
-  for (auto error : {entity_(t, 1, PI_PROJECTOR_TYPE, e), time_(t, 2, time)})
+  for (auto error : {entity_(t, 1, PI_PROJECTOR_TYPE, e, f), time_(t, 2, time)})
     if (!error.empty())
       return error;
   if (t.size() < 4 || !ScenarioVocabulary::onOff(t[3], on))
     return t.size() < 4 ? missing("on|off") : "expected on or off, not '" + t[3] + "'";
-  e->projectorOnOff.insert({time, on ? 1 : 0});
+  place_(*f, PROJECTOR_STATES, e->projectorOnOff, {time, on ? 1 : 0});
   return std::string();
 }
 
@@ -717,85 +762,95 @@ std::string ScenarioReader::alias_(const Tokens& t)
   return std::string();
 }
 
+// The key ties an entity's lines together; an original id given apart is the entity's own.
+std::string ScenarioReader::originalId_(const Tokens& t)
+{
+  Entity* e = nullptr;
+  std::uint64_t original = 0;
+  if (std::string error = entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e); !error.empty())
+    return error;
+  if (t.size() < 3)
+    return missing("ORIGINAL_ID");
+  if (!NumberText::parse(t[2], original))
+    return "bad original id '" + t[2] + "': expected 0 to 18446744073709551615";
+  if (!originalIdsGiven_.insert(e->id).second)
+    return "a second original id for entity " + t[1];
+  std::visit([original](auto& h) { h.originalId = original; }, e->header);
+  return std::string();
+}
+
 // Commands and attributes.
 
 std::string ScenarioReader::state_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   double time = 0;
   bool on = false;
-  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e), time_(t, 2, time)})
+  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e, f), time_(t, 2, time)})
     if (!error.empty())
       return error;
   if (t.size() < 4 || !ScenarioVocabulary::onOff(t[3], on))
     return t.size() < 4 ? missing("on|off") : "expected on or off, not '" + t[3] + "'";
-  e->states.insert({time, on ? 1 : 0});
+  place_(*f, STATES, e->states, {time, on ? 1 : 0});
   return std::string();
 }
 
 std::string ScenarioReader::color_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   double time = 0;
   unsigned int color = 0;
-  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e), time_(t, 2, time), color_(t, 3, color)})
+  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e, f), time_(t, 2, time), color_(t, 3, color)})
     if (!error.empty())
       return error;
-  e->colors.insert({time, color});
+  place_(*f, COLORS, e->colors, {time, color});
   return std::string();
 }
 
 std::string ScenarioReader::target_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   Entity* targeted = nullptr;
   double time = 0;
-  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e), time_(t, 2, time),
+  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e, f), time_(t, 2, time),
                      entity_(t, 3, ScenarioVocabulary::ANY_ENTITY, targeted)})
     if (!error.empty())
       return error;
-  e->targets.insert({time, targeted->id});
+  place_(*f, TARGETS, e->targets, {time, targeted->id});
   return std::string();
 }
 
 std::string ScenarioReader::generic_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   PIData::PIGenericDataPoint g;
-  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e), time_(t, 2, g.time), text_(t, 3, "TAG", g.tag),
+  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e, f), time_(t, 2, g.time), text_(t, 3, "TAG", g.tag),
                      text_(t, 4, "VALUE", g.value)})
     if (!error.empty())
       return error;
   if (t.size() > 5)
     if (std::string error = number_(t, 5, "EXPIRATION", g.expiration); !error.empty())
       return error;
-  auto& items = e->generic;
-  auto it = std::lower_bound(items.begin(), items.end(), g, [](const auto& a, const auto& b) {
-    return a.time < b.time || (a.time == b.time && a.tag < b.tag);
-  });
-  if (it != items.end() && it->time == g.time && it->tag == g.tag)
-    *it = g;
-  else
-    items.insert(it, g);
+  placeKeyed_(*f, GENERIC, e->generic, g, [](const auto& item) -> const std::string& { return item.tag; },
+              "the generic data");
   return std::string();
 }
 
 std::string ScenarioReader::category_(const Tokens& t)
 {
   Entity* e = nullptr;
+  FileEntity* f = nullptr;
   PIData::PICategoryDataPoint c;
-  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e), time_(t, 2, c.time), text_(t, 3, "NAME", c.name),
+  for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e, f), time_(t, 2, c.time), text_(t, 3, "NAME", c.name),
                      text_(t, 4, "VALUE", c.value)})
     if (!error.empty())
       return error;
-  auto& items = e->categories;
-  auto it = std::lower_bound(items.begin(), items.end(), c, [](const auto& a, const auto& b) {
-    return a.time < b.time || (a.time == b.time && a.name < b.name);
-  });
-  if (it != items.end() && it->time == c.time && it->name == c.name)
-    *it = c;
-  else
-    items.insert(it, c);
+  placeKeyed_(*f, CATEGORIES, e->categories, c, [](const auto& item) -> const std::string& { return item.name; },
+              "the category");
   return std::string();
 }
 
@@ -812,7 +867,7 @@ std::string ScenarioReader::table_(const Tokens& t)
       return error;
   if (tables_.count(tableId))
     return "duplicate table id " + t[1];
-  tables_[tableId] = FileTable{staged_.addTable(e->id, name), {}};
+  tables_[tableId] = FileTable{staged_.addTable(e->id, name), {}, {}};
   return std::string();
 }
 
@@ -864,7 +919,20 @@ std::string ScenarioReader::row_(const Tokens& t)
       return "bad cell '" + cell + "' for column " + table->column(columns[k])->name;
     row.setCell(static_cast<unsigned long>(columns[k]), value.release());
   }
-  table->addRow(row);
+  // A second row at a time merges into the first: its cells replace the first's, its NULLs keep them.
+  const auto held = table->rows().find(time);
+  const std::string before = held == table->rows().end() ? std::string() : ScenarioVocabulary::formatCells(*table, held->second);
+  if (!table->addRow(row))
+    return "a row of table " + t[1] + " that its columns cannot hold";
+  const auto [line, first] = it->second.rowLines.try_emplace(time, lineNumber_);
+  if (!first)
+  {
+    // The row is named by the line that last changed it.
+    const bool identical = ScenarioVocabulary::formatCells(*table, table->rows().at(time)) == before;
+    report_.noteReplacement(name_, lineNumber_, line->second, "cells of the row", time, identical);
+    if (!identical)
+      line->second = lineNumber_;
+  }
   return std::string();
 }
 

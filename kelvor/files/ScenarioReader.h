@@ -1,11 +1,15 @@
 #pragma once
 
 #include "files/ReadReport.h"
+#include "files/RecordPlacer.h"
+#include "files/SeriesLines.h"
 #include "kelCore/CoordinateConverter.h"
 #include "store/ScenarioStore.h"
 
+#include <array>
 #include <istream>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -41,15 +45,33 @@ public:
 
 private:
   using Tokens = std::vector<std::string>;
+  /// The series of an entity whose records a file may give twice at one time.
+  enum Series
+  {
+    POINTS,
+    LASER_RANGES,
+    LASER_WIDTHS,
+    LASER_OFFSETS,
+    LOB_STYLES,
+    PROJECTOR_STATES,
+    STATES,
+    COLORS,
+    TARGETS,
+    GENERIC,
+    CATEGORIES,
+    SERIES_COUNT
+  };
   struct FileEntity
   {
     UniqueID_t id;               ///< the id in the store
     PIScenarioObjectType_t kind;
+    std::array<SeriesLines, SERIES_COUNT> lines{}; ///< the lines of each series' items
   };
   struct FileTable
   {
     long id;                     ///< the id in the store
     std::vector<long> columns;   ///< store column ids in file order
+    std::map<double, std::size_t> rowLines{}; ///< the line of each row's time
   };
 
   void readLine_(std::string_view line);
@@ -63,7 +85,13 @@ private:
   std::string integer_(const Tokens& t, std::size_t i, const char* field, std::int64_t& value) const;
   std::string color_(const Tokens& t, std::size_t i, unsigned int& value) const;
   std::string text_(const Tokens& t, std::size_t i, const char* field, std::string& value) const;
-  std::string entity_(const Tokens& t, std::size_t i, int kinds, Entity*& entity) const;
+  std::string entity_(const Tokens& t, std::size_t i, int kinds, Entity*& entity);
+  /// As above, and file receives what the reader keeps of the entity.
+  std::string entity_(const Tokens& t, std::size_t i, int kinds, Entity*& entity, FileEntity*& file);
+  template <typename T>
+  void place_(FileEntity& file, Series series, TimeSeries<T>& items, const T& item);
+  template <typename T, typename Key>
+  void placeKeyed_(FileEntity& file, Series series, std::vector<T>& items, const T& item, Key key, const char* what);
   std::string newEntity_(const EntityHeader& header, UniqueID_t host, std::int64_t fileId);
 
   std::string header_(const Tokens& t);
@@ -94,6 +122,7 @@ private:
   std::string projectorState_(const Tokens& t);
   std::string custom_(const Tokens& t);
   std::string alias_(const Tokens& t);
+  std::string originalId_(const Tokens& t);
   std::string state_(const Tokens& t);
   std::string color_(const Tokens& t);
   std::string target_(const Tokens& t);
@@ -114,6 +143,7 @@ private:
   bool headerSeen_ = false;
   bool notAScenario_ = false;
   ReadReport report_;
+  RecordPlacer placer_{report_, name_};
   Tokens tokens_;
   std::vector<bool> quoted_;
   kelCore::CoordinateSystem positionSystem_ = kelCore::CoordinateSystem::LLA;
@@ -121,6 +151,7 @@ private:
   kelCore::CoordinateConverter converter_;
   std::map<std::int64_t, FileEntity> entities_;
   std::map<std::int64_t, FileTable> tables_;
+  std::set<UniqueID_t> originalIdsGiven_; ///< entities whose original id an original-id line gave
 };
 
 } // namespace kelvor

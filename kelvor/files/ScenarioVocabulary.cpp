@@ -225,4 +225,16 @@ std::string ScenarioVocabulary::formatCell(const PIData::DataTableCell& cell)
   }
 }
 
+std::string ScenarioVocabulary::formatCells(const DataTable& table, const PIData::DataTableRowT& row)
+{
+  std::string text;
+  for (const auto& c : table.columns())
+  {
+    const PIData::DataTableCell* cell = row.findCell(static_cast<unsigned long>(c.id));
+    text += ' ';
+    text += cell ? formatCell(*cell) : std::string("NULL");
+  }
+  return text;
+}
+
 } // namespace kelvor

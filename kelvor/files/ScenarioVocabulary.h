@@ -3,6 +3,7 @@
 #include "host/DataTableCell.h"
 #include "host/PIScenarioObjectType.h"
 #include "kelCore/CoordinateSystem.h"
+#include "store/DataTable.h"
 
 #include <string>
 
@@ -45,6 +46,8 @@ public:
   static PIData::DataTableCell* parseCell(UTILS::VariableType_t type, const std::string& token);
   /// @return the token of a cell, as parseCell reads it back exactly.
   static std::string formatCell(const PIData::DataTableCell& cell);
+  /// @return the cells of a row in column order, each as formatCell writes it or NULL, one blank before each.
+  static std::string formatCells(const DataTable& table, const PIData::DataTableRowT& row);
 };
 
 } // namespace kelvor

@@ -22,24 +22,35 @@ namespace
 std::string num(double v) { return NumberText::format(v); }
 std::string q(const std::string& text) { return LineTokenizer::quote(text); }
 
-// File ids: the entities' original ids where those are positive and unique, else new ones.
-std::map<UniqueID_t, std::uint64_t> fileIds(const ScenarioStore& store)
+// File keys: each entity's original id where that is a key the reader takes (positive, in
+// range) and no entity before it holds the same; the rest take keys no entity holds. A key only
+// ties an entity's lines together: the original id is written apart wherever it differs.
+std::map<UniqueID_t, std::uint64_t> fileKeys(const ScenarioStore& store)
 {
   const std::vector<UniqueID_t> ids = store.list(PI_ALL_TYPES);
-  std::map<std::uint64_t, int> uses;
+  std::map<UniqueID_t, std::uint64_t> result;
+  std::set<std::uint64_t> taken;
   std::uint64_t highest = 0;
   for (UniqueID_t id : ids)
   {
     const UniqueID_t original = originalIdOfHeader(store.entity(id)->header);
-    ++uses[original];
-    highest = std::max<std::uint64_t>(highest, original);
+    if (original > 0 && original <= static_cast<std::uint64_t>(INT64_MAX) && taken.insert(original).second)
+    {
+      result[id] = original;
+      highest = std::max<std::uint64_t>(highest, original);
+    }
   }
-  std::map<UniqueID_t, std::uint64_t> result;
+  // New keys count on from the highest; past the largest key they fill the gaps from 1.
+  std::uint64_t next = highest;
   for (UniqueID_t id : ids)
   {
-    const UniqueID_t original = originalIdOfHeader(store.entity(id)->header);
-    const bool usable = original > 0 && original <= static_cast<std::uint64_t>(INT64_MAX) && uses[original] == 1;
-    result[id] = usable ? original : ++highest;
+    if (result.count(id))
+      continue;
+    do
+      next = next >= static_cast<std::uint64_t>(INT64_MAX) ? 1 : next + 1;
+    while (taken.count(next));
+    taken.insert(next);
+    result[id] = next;
   }
   return result;
 }
@@ -62,6 +73,8 @@ public:
     // Host 0 is the scenario: only a custom rendering stands alone.
     const std::string host = e.host ? fileId(e.host) : std::string("0");
     std::visit([&](const auto& h) { writeHeader(h, id, host); }, e.header);
+    if (const UniqueID_t original = originalIdOfHeader(e.header); original != ids_.at(e.id))
+      out_ << "original-id " << id << ' ' << original << '\n';
     if (!e.alias.empty() || e.useAlias)
       out_ << "alias " << id << ' ' << q(e.alias) << (e.useAlias ? " shown" : "") << '\n';
     for (const auto& s : e.platformPoints)
@@ -194,7 +207,7 @@ void ScenarioWriter::write(std::ostream& out) const
       << num(p.frame.eciReferenceTime) << '\n';
   out << "positions " << ScenarioVocabulary::positionSystemName(options_.positions) << '\n';
 
-  const auto ids = fileIds(store_);
+  const auto ids = fileKeys(store_);
   EntityWriter entities(out, store_, ids, options_.positions);
   const std::vector<UniqueID_t> all = store_.list(PI_ALL_TYPES);
   for (UniqueID_t id : all)
@@ -215,13 +228,7 @@ void ScenarioWriter::write(std::ostream& out) const
             << static_cast<int>(c.units) << '\n';
       for (const auto& [time, row] : table.rows())
       {
-        out << "row " << t << ' ' << num(time);
-        for (const auto& c : table.columns())
-        {
-          const PIData::DataTableCell* cell = row.findCell(static_cast<unsigned long>(c.id));
-          out << ' ' << (cell ? ScenarioVocabulary::formatCell(*cell) : std::string("NULL"));
-        }
-        out << '\n';
+        out << "row " << t << ' ' << num(time) << ScenarioVocabulary::formatCells(table, row) << '\n';
       }
     }
   }

@@ -43,6 +43,8 @@ public:
   std::string iconBytes(long id) const;
   SignalService& signalService() { return state_.signalService; }
   ScenarioStore& store() { return state_.store; }
+  /// @return the registry, which also keeps KELVOR Lite's own settings.
+  Registry& registry() { return state_.registry; }
   /// @return the window wrappers plug-ins put in the host's garbage list, with the identity of each one's plug-in.
   const std::map<PIObject*, void*>& garbage() const { return state_.garbage; }
   /// Deletes the window wrappers a plug-in left in the garbage list; called at its unload, while

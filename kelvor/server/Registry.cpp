@@ -18,6 +18,16 @@ QString flatKey(const std::string& key)
   return "Registry/" + k;
 }
 
+QString settingKey(const std::string& key) { return "KelvorLite/" + QString::fromStdString(key); }
+
+bool readText(const QSettings& file, const QString& key, std::string& value)
+{
+  if (!file.contains(key))
+    return false;
+  value = file.value(key).toString().toStdString();
+  return true;
+}
+
 } // namespace
 
 Registry::Registry(const std::string& iniFile)
@@ -32,14 +42,7 @@ void Registry::setValue(const std::string& key, const std::string& value)
   file_->setValue(flatKey(key), QString::fromStdString(value));
 }
 
-bool Registry::value(const std::string& key, std::string& value) const
-{
-  const QString k = flatKey(key);
-  if (!file_->contains(k))
-    return false;
-  value = file_->value(k).toString().toStdString();
-  return true;
-}
+bool Registry::value(const std::string& key, std::string& value) const { return readText(*file_, flatKey(key), value); }
 
 void Registry::setStringVector(const std::string& key, const std::vector<std::string>& values)
 {
@@ -58,6 +61,16 @@ bool Registry::stringVector(const std::string& key, std::vector<std::string>& va
   for (const QString& v : file_->value(k).toStringList())
     values.push_back(v.toStdString());
   return true;
+}
+
+void Registry::setSetting(const std::string& key, const std::string& value)
+{
+  file_->setValue(settingKey(key), QString::fromStdString(value));
+}
+
+bool Registry::setting(const std::string& key, std::string& value) const
+{
+  return readText(*file_, settingKey(key), value);
 }
 
 std::string Registry::fileName() const { return file_->fileName().toStdString(); }

@@ -73,7 +73,12 @@ struct Entity
   std::vector<PIData::PIGenericDataPoint> generic;     ///< by time, then tag
   std::vector<long> tables;                            ///< data tables hung under the entity
 
-  /// @return the number of points of the entity's own kind.
+  /**
+   * @return the number of points of the entity's own kind: a platform's positions; a beam's,
+   * gate's, laser's or LOB group's pointings; a projector's fields of view; a custom
+   * rendering's states. Laser ranges, widths and offsets, LOB styles, projector on/off and the
+   * commands (states, colours, targets) of the other kinds are no points.
+   */
   std::size_t pointCount() const;
   /// @return the earliest time of the entity's points, -1 when it has none.
   double earliestTime() const;

@@ -175,6 +175,14 @@ bool ScenarioStore::flush(UniqueID_t id, PIData::FlushType type)
   return true;
 }
 
+std::size_t ScenarioStore::pointCount() const
+{
+  std::size_t points = 0;
+  for (const auto& [id, e] : entities_)
+    points += e->pointCount();
+  return points;
+}
+
 double ScenarioStore::earliestTime(UniqueID_t id) const
 {
   if (id)

@@ -65,6 +65,9 @@ public:
 
   /// Removes what the flush type says from the entity. @return false for an unknown id
   bool flush(UniqueID_t id, PIData::FlushType type);
+  /// @return the points of every entity, each of its own kind (Entity::pointCount): what the
+  /// Data Browser lists, the window reports on opening a file and kelvor-edit info counts.
+  std::size_t pointCount() const;
   /// @return the earliest point time of the entity, of the scenario for 0; -1 when there is none.
   double earliestTime(UniqueID_t id) const;
   /// @return the latest point time of the entity, of the scenario for 0; -1 when there is none.

@@ -18,19 +18,35 @@ class TimeSeries
 public:
   using const_iterator = typename std::vector<T>::const_iterator;
 
-  /// Adds item, replacing one of the same time.
-  void insert(const T& item)
+  /// Where insert put an item.
+  struct Placement
+  {
+    std::size_t index = 0; ///< the item's position in time order
+    bool replaced = false; ///< true when it took the place of an item of its time
+  };
+
+  /**
+   * Adds item, replacing one of the same time.
+   * @param replaced receives the item replaced, if not null
+   */
+  Placement insert(const T& item, T* replaced = nullptr)
   {
     if (items_.empty() || items_.back().time < item.time)
     {
       items_.push_back(item);
-      return;
+      return {items_.size() - 1, false};
     }
     auto it = lowerBound_(item.time);
-    if (it != items_.end() && it->time == item.time)
-      *it = item;
-    else
+    const auto index = static_cast<std::size_t>(it - items_.begin());
+    if (it == items_.end() || it->time != item.time)
+    {
       items_.insert(it, item);
+      return {index, false};
+    }
+    if (replaced)
+      *replaced = std::move(*it);
+    *it = item;
+    return {index, true};
   }
 
   /// Adds many items; of equal times the later in added wins, as if inserted one by one.

@@ -18,9 +18,10 @@ constexpr int TICK_MS = 100;
 
 } // namespace
 
-ClockBar::ClockBar(ScenarioStore& store, QWidget* parent)
+ClockBar::ClockBar(ScenarioStore& store, const Registry& registry, QWidget* parent)
   : QToolBar(tr("Clock"), parent),
     store_(store),
+    times_(registry),
     begin_(new QLabel(this)),
     end_(new QLabel(this)),
     time_(new QLabel(this)),
@@ -28,6 +29,9 @@ ClockBar::ClockBar(ScenarioStore& store, QWidget* parent)
     timer_(new QTimer(this))
 {
   setObjectName("ClockBar");
+  begin_->setObjectName("ClockBegin");
+  end_->setObjectName("ClockEnd");
+  time_->setObjectName("ClockTime");
   slider_->setRange(0, SLIDER_STEPS);
   slider_->setMinimumWidth(240);
   play_ = addAction(tr("Play"));
@@ -73,9 +77,10 @@ void ClockBar::refresh()
 {
   updating_ = true;
   const ScenarioClock& c = store_.clock();
-  begin_->setText(QString::number(c.begin(), 'f', 1));
-  end_->setText(QString::number(c.end(), 'f', 1));
-  time_->setText(tr("Time: %1 s").arg(c.time(), 0, 'f', 2));
+  const int year = store_.properties().referenceYear;
+  begin_->setText(times_.text(c.begin(), year));
+  end_->setText(times_.text(c.end(), year));
+  time_->setText(tr("Time: %1").arg(times_.text(c.time(), year)));
   const double span = c.end() - c.begin();
   slider_->setValue(span > 0 ? static_cast<int>((c.time() - c.begin()) / span * SLIDER_STEPS) : 0);
   live_->setChecked(isLiveClockMode(c.mode()));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/TimeDisplay.h"
+
 #include <QToolBar>
 
 class QLabel;
@@ -10,17 +12,20 @@ class QTimer;
 namespace kelvor
 {
 
+class Registry;
 class ScenarioStore;
 
 /**
  * @brief The clock's tool bar: begin and end, the time on a slider and as text, play and
- * stop, and the Live toggle (clock mode 2, in which plug-ins offer no editing).
+ * stop, and the Live toggle (clock mode 2, in which plug-ins offer no editing). Times show in
+ * the user's time format (see TimeDisplay).
  */
 class ClockBar : public QToolBar
 {
   Q_OBJECT
 public:
-  ClockBar(ScenarioStore& store, QWidget* parent = nullptr);
+  /// @param registry holds the user's time format
+  ClockBar(ScenarioStore& store, const Registry& registry, QWidget* parent = nullptr);
 
   /// Shows the clock as the store has it.
   void refresh();
@@ -37,6 +42,7 @@ private:
   void tick_();
 
   ScenarioStore& store_;
+  TimeDisplay times_;
   QLabel* begin_;
   QLabel* end_;
   QLabel* time_;

@@ -36,6 +36,10 @@ DataBrowser::DataBrowser(ScenarioStore& store, QWidget* parent)
   tree_->setObjectName("DataBrowserTree");
   tree_->setColumnCount(COLUMN_COUNT);
   tree_->setHeaderLabels({tr("Name"), tr("Type"), tr("Original Id"), tr("Points"), tr("Start"), tr("End")});
+  tree_->headerItem()->setToolTip(
+      POINTS, tr("The entity's own points: a platform's positions; a beam's, gate's, laser's or LOB group's pointings; "
+                 "a projector's fields of view; a custom rendering's states. Laser ranges, widths and offsets, LOB "
+                 "styles and commands are not counted."));
   tree_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   tree_->setContextMenuPolicy(Qt::CustomContextMenu);
   tree_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);

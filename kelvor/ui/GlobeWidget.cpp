@@ -2,6 +2,7 @@
 
 #include "store/ScenarioStore.h"
 
+#include <marble/AbstractFloatItem.h>
 #include <marble/GeoDataLatLonBox.h>
 #include <marble/MarbleWidget.h>
 #include <marble/ViewportParams.h>
@@ -33,23 +34,34 @@ PIGUI::PIMouseEvent toPluginEvent(const QMouseEvent& e)
 
 } // namespace
 
-GlobeWidget::GlobeWidget(ScenarioStore& store, QWidget* parent)
+GlobeWidget::GlobeWidget(ScenarioStore& store, const QString& mapTheme, QWidget* parent)
   : QWidget(parent), store_(store), marble_(new Marble::MarbleWidget(this)), layer_(std::make_unique<TrackLayer>(store))
 {
   setObjectName("Globe");
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(marble_);
-  marble_->setMapThemeId("earth/bluemarble/bluemarble.dgml");
   marble_->setProjection(Marble::Spherical);
-  marble_->setShowOverviewMap(false);
-  marble_->setShowScaleBar(true);
+  setMapTheme(mapTheme);
   marble_->addLayer(layer_.get());
   marble_->setMouseTracking(true);
   marble_->installEventFilter(this);
 }
 
 GlobeWidget::~GlobeWidget() { marble_->removeLayer(layer_.get()); }
+
+void GlobeWidget::setMapTheme(const QString& id)
+{
+  marble_->setMapThemeId(id);
+  // Of Marble's own overlays the scale bar serves a scenario; the overview map would cover
+  // tracks in its corner and the crosshairs whatever is at the centre.
+  if (Marble::AbstractFloatItem* overview = marble_->floatItem("overviewmap"))
+    overview->setVisible(false);
+  marble_->setShowCrosshairs(false);
+  marble_->setShowScaleBar(true);
+}
+
+QString GlobeWidget::mapTheme() const { return marble_->mapThemeId(); }
 
 void GlobeWidget::refresh()
 {

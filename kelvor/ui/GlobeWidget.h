@@ -30,10 +30,15 @@ public:
   /// Offers a mouse event to the plug-ins; true when one consumed it.
   using MouseHandler = std::function<bool(PIGUI::PIMouseEventType_t, const PIGUI::PIMouseEvent&)>;
 
-  GlobeWidget(ScenarioStore& store, QWidget* parent = nullptr);
+  /// @param mapTheme Marble's id of the map theme to open with (see MapThemes)
+  GlobeWidget(ScenarioStore& store, const QString& mapTheme, QWidget* parent = nullptr);
   ~GlobeWidget() override;
 
   void setMouseHandler(MouseHandler handler) { mouseHandler_ = std::move(handler); }
+  /// Draws the map with another theme. @param id Marble's theme id, as "earth/plain/plain.dgml"
+  void setMapTheme(const QString& id);
+  /// @return Marble's id of the map theme drawn.
+  QString mapTheme() const;
   /// Redraws; follows the tethered entity.
   void refresh();
   /// Centres the view on the scenario's data.

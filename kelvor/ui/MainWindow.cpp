@@ -4,12 +4,15 @@
 #include "files/ScenarioReader.h"
 #include "files/ScenarioWriter.h"
 #include "server/KelvorServer.h"
+#include "server/Registry.h"
 #include "ui/ClockBar.h"
 #include "ui/ContextMenuRenderer.h"
 #include "ui/DataBrowser.h"
 #include "ui/GlobeWidget.h"
+#include "ui/MapThemes.h"
 #include "ui/NotificationsDock.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -29,7 +32,16 @@ namespace
 {
 
 constexpr int NOTIFY_ERROR = 2;
+constexpr int NOTIFY_WARN = 3;
 constexpr int NOTIFY_NOTICE = 4;
+
+// The map theme the user chose last time, if it is still installed.
+QString savedMapTheme(const Registry& registry)
+{
+  std::string saved;
+  registry.setting(MapThemes::SETTING, saved);
+  return MapThemes::choose(QString::fromStdString(saved));
+}
 
 MainWindow::SaveAnswer askWithDialog(QWidget* parent, const QString& what)
 {
@@ -48,10 +60,10 @@ MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* pare
   : QMainWindow(parent),
     store_(store),
     server_(server),
-    globe_(new GlobeWidget(store, this)),
+    globe_(new GlobeWidget(store, savedMapTheme(server.registry()), this)),
     dataBrowser_(new DataBrowser(store, this)),
     notifications_(new NotificationsDock(this)),
-    clockBar_(new ClockBar(store, this)),
+    clockBar_(new ClockBar(store, server.registry(), this)),
     toast_(new QLabel(this)),
     cursor_(new QLabel(this)),
     refreshTimer_(new QTimer(this))
@@ -97,8 +109,7 @@ void MainWindow::buildMenus_()
     if (path.isEmpty())
       return;
     const ReadReport report = CsvTrackReader(store_, {false, false}).readFile(path.toStdString());
-    for (const std::string& e : report.errors)
-      notifications_->add(QString::fromStdString(e), NOTIFY_ERROR);
+    notifyProblems_(report);
     if (report.loaded)
       setModified(true);
   });
@@ -126,12 +137,31 @@ void MainWindow::buildMenus_()
   view->addAction(notifications_->toggleViewAction());
   view->addAction(clockBar_->toggleViewAction());
   view->addAction(tr("Show &Scenario"), globe_, &GlobeWidget::showScenario);
+  buildMapThemeMenu_(view->addMenu(tr("&Map Theme")));
   QMenu* help = menuBar()->addMenu(tr("&Help"));
   help->addAction(tr("&About KELVOR Lite"), this, [this]() {
     QMessageBox::about(this, tr("About KELVOR Lite"),
                        tr("KELVOR Lite: a desktop host of 3-D scenario displays and their plug-ins. Host API 1.29.0."));
   });
   rebuildPluginMenu();
+}
+
+void MainWindow::buildMapThemeMenu_(QMenu* menu)
+{
+  menu->setObjectName("MapThemeMenu");
+  auto* group = new QActionGroup(menu);
+  for (const MapThemes::Theme& theme : MapThemes::installed())
+  {
+    QAction* action = group->addAction(theme.name);
+    action->setCheckable(true);
+    action->setChecked(theme.id == globe_->mapTheme());
+    menu->addAction(action);
+    connect(action, &QAction::triggered, this, [this, id = theme.id]() {
+      globe_->setMapTheme(id);
+      server_.registry().setSetting(MapThemes::SETTING, id.toStdString());
+    });
+  }
+  menu->setEnabled(!group->actions().isEmpty());
 }
 
 void MainWindow::rebuildPluginMenu()
@@ -189,21 +219,31 @@ bool MainWindow::openFile(const QString& path)
   const bool csv = path.endsWith(".csv", Qt::CaseInsensitive);
   const ReadReport report = csv ? CsvTrackReader(store_).readFile(path.toStdString())
                                 : ScenarioReader(store_).readFile(path.toStdString());
-  for (const std::string& e : report.errors)
-    notifications_->add(QString::fromStdString(e), NOTIFY_ERROR);
+  notifyProblems_(report);
   if (!report.loaded)
   {
     QMessageBox::warning(this, tr("Open"), tr("%1 could not be opened; see the notifications.").arg(path));
     return false;
   }
   fileName_ = csv ? QString() : path;
-  notifications_->add(tr("Opened %1: %2 entities, %3 points").arg(path).arg(report.entities).arg(report.points),
-                      NOTIFY_NOTICE);
+  // The points the Data Browser lists, not the lines read: a line may hold no point or replace one.
+  QString opened = tr("Opened %1: %2 entities, %3 points").arg(path).arg(store_.entityCount()).arg(store_.pointCount());
+  if (const std::string replaced = report.replacementSummary(); !replaced.empty())
+    opened += "; " + QString::fromStdString(replaced);
+  notifications_->add(opened, NOTIFY_NOTICE);
   setModified(csv || !report.errors.empty());
   globe_->layer().clearOverlays();
   refreshNow();
   globe_->showScenario();
   return true;
+}
+
+void MainWindow::notifyProblems_(const ReadReport& report)
+{
+  for (const std::string& e : report.errors)
+    notifications_->add(QString::fromStdString(e), NOTIFY_ERROR);
+  for (const std::string& w : report.warnings)
+    notifications_->add(QString::fromStdString(w), NOTIFY_WARN);
 }
 
 bool MainWindow::save()

@@ -20,6 +20,7 @@ class GlobeWidget;
 class KelvorServer;
 class NotificationsDock;
 class ScenarioStore;
+struct ReadReport;
 
 /**
  * @brief KELVOR Lite's main window: the globe in the middle, the Data Browser and the
@@ -78,6 +79,9 @@ protected:
 
 private:
   void buildMenus_();
+  void buildMapThemeMenu_(QMenu* menu);
+  /// Lists a read's errors and warnings in the notifications.
+  void notifyProblems_(const ReadReport& report);
   bool maySetAside_(const QString& what);
   void updateTitle_();
 

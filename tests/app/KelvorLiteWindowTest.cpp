@@ -1,17 +1,23 @@
 #include "app/HostApplication.h"
 #include "support/WhenShown.h"
 #include "ui/DataBrowser.h"
+#include "ui/GlobeWidget.h"
 #include "ui/NotificationsDock.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
+
+#include <marble/MarbleWidget.h>
+
+#include <map>
 
 using namespace kelvor;
 
@@ -67,6 +73,85 @@ TEST_F(KelvorLiteWindow, OpensTheDemoScenarioAndListsEveryEntity)
   QApplication::processEvents();
   ASSERT_TRUE(host->window().grab().save(shot));
   EXPECT_TRUE(QFileInfo(shot).size() > 10000) << shot.toStdString();
+}
+
+TEST_F(KelvorLiteWindow, OpeningReportsThePointsTheDataBrowserListsAsKelvorEditInfoDoes)
+{
+  ASSERT_TRUE(host->window().openFile(DEMO));
+  const NotificationsDock* notes = host->window().notifications();
+  EXPECT_TRUE(notes->line(notes->count() - 1).endsWith(": 16 entities, 717 points"))
+      << notes->line(notes->count() - 1).toStdString() << "; kelvor-edit info says 717 too";
+
+  QTreeWidget* tree = host->window().dataBrowser()->tree();
+  const int pointsColumn = 3;
+  ASSERT_EQ("Points", tree->headerItem()->text(pointsColumn));
+  EXPECT_TRUE(tree->headerItem()->toolTip(pointsColumn).contains("a platform's positions"))
+      << "the header says what is counted";
+  int listed = 0;
+  for (QTreeWidgetItemIterator it(tree); *it; ++it)
+    listed += (*it)->text(pointsColumn).toInt();
+  EXPECT_EQ(717, listed);
+}
+
+TEST_F(KelvorLiteWindow, OpeningWarnsOfEachRecordThatReplacedAnEarlierOne)
+{
+  const QString path = dir.filePath("twice.kls");
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("kelvor-scenario 1\nplatform 1 \"A\"\npoint 1 0 35 -117 0\npoint 1 0 35.5 -117 0\n"
+             "point 1 9 35 -117 0\npoint 1 9 35 -117 0\n");
+  file.close();
+  ASSERT_TRUE(host->window().openFile(path));
+  const NotificationsDock* notes = host->window().notifications();
+  QStringList lines;
+  for (int i = 0; i < notes->count(); ++i)
+    lines << notes->line(i);
+  EXPECT_TRUE(lines.contains("WARN: " + path + ":4: replaces the point of line 3 at time 0")) << lines.join('\n').toStdString();
+  EXPECT_TRUE(lines.contains("WARN: " + path + ": 1 identical repeated record ignored"));
+  EXPECT_EQ("NOTICE: Opened " + path + ": 1 entities, 2 points; 1 record replaced an earlier one, 1 identical repeated "
+            "record ignored",
+            lines.last());
+  EXPECT_FALSE(host->window().isModified()) << "nothing was lost that a save would drop";
+}
+
+// The Map Theme menu's items by text, and which one is checked.
+std::map<QString, QAction*> mapThemeItems(MainWindow& window, QString& checked)
+{
+  auto* menu = window.findChild<QMenu*>("MapThemeMenu");
+  std::map<QString, QAction*> items;
+  if (!menu)
+    return items;
+  for (QAction* action : menu->actions())
+  {
+    items[action->text()] = action;
+    if (action->isChecked())
+      checked += action->text();
+  }
+  return items;
+}
+
+TEST_F(KelvorLiteWindow, TheViewMenuOffersTheOfflineMapThemesAndTheChoiceIsKept)
+{
+  QString checked;
+  auto items = mapThemeItems(host->window(), checked);
+  ASSERT_EQ(3u, items.size()) << "Atlas, Plain and Blue Marble are installed with Marble's data";
+  EXPECT_EQ("Plain", checked) << "the theme that stays sharp at a scenario's scale comes first";
+  EXPECT_EQ("earth/plain/plain.dgml", host->window().globe()->marble()->mapThemeId());
+
+  items.at("Atlas")->trigger();
+  EXPECT_EQ("earth/srtm/srtm.dgml", host->window().globe()->marble()->mapThemeId());
+  items.at("Blue Marble")->trigger();
+  items.at("Atlas")->trigger();
+  checked.clear();
+  mapThemeItems(host->window(), checked);
+  EXPECT_EQ("Atlas", checked) << "one theme is checked at a time";
+
+  host.reset();
+  host = std::make_unique<HostApplication>(dir.filePath("registry.ini").toStdString());
+  checked.clear();
+  mapThemeItems(host->window(), checked);
+  EXPECT_EQ("Atlas", checked) << "the next start opens with the theme chosen";
+  EXPECT_EQ("earth/srtm/srtm.dgml", host->window().globe()->marble()->mapThemeId());
 }
 
 TEST_F(KelvorLiteWindow, ARightClickBuildsTheMenuThePluginsAskFor)

@@ -5,8 +5,11 @@
 #include "ui/ClockBar.h"
 #include "ui/ContextMenuRenderer.h"
 #include "ui/TrackLayer.h"
+#include "server/Registry.h"
 
 #include <QAction>
+#include <QLabel>
+#include <QTemporaryDir>
 #include <QMenu>
 #include <QSlider>
 
@@ -86,11 +89,13 @@ public:
 
 TEST(ClockBarControls, LiveSetsTheLiveModeAndTheSliderMovesTheTime)
 {
+  QTemporaryDir dir;
+  const Registry registry(dir.filePath("registry.ini").toStdString());
   ScenarioStore store;
   ModeRecorder recorder;
   store.setListener(&recorder);
   store.clock().setSpan(100.0, 200.0);
-  ClockBar bar(store);
+  ClockBar bar(store, registry);
   bar.liveAction()->trigger();
   EXPECT_EQ(PI_CLOCK_LIVE, store.clock().mode());
   EXPECT_EQ(1, recorder.modeChanges);
@@ -106,6 +111,41 @@ TEST(ClockBarControls, LiveSetsTheLiveModeAndTheSliderMovesTheTime)
   bar.refresh();
   EXPECT_TRUE(bar.liveAction()->isChecked()) << "both live modes show as Live";
   EXPECT_EQ(2, recorder.modeChanges) << "showing the clock tells no one it changed";
+}
+
+std::string label(const ClockBar& bar, const char* name)
+{
+  const auto* label = bar.findChild<QLabel*>(name);
+  return label ? label->text().toStdString() : std::string("no label ") + name;
+}
+
+TEST(ClockBarControls, TimesShowInTheUsersTimeFormatDateAndTimeOfDayByDefault)
+{
+  QTemporaryDir dir;
+  Registry registry(dir.filePath("registry.ini").toStdString());
+  ScenarioStore store;
+  store.properties().referenceYear = 2024;
+  // 2 February 2024 (day 33) 13:05:09.375, and 1 January 2025 in the leap year's seconds.
+  const double feb2 = 32 * 86400.0 + 13 * 3600.0 + 5 * 60.0 + 9.375;
+  store.clock().setSpan(feb2, 366 * 86400.0);
+  ClockBar bar(store, registry);
+  EXPECT_EQ("Time: 033 2024 13:05:09.375", label(bar, "ClockTime")) << "not seconds since the reference year";
+  EXPECT_EQ("033 2024 13:05:09.375", label(bar, "ClockBegin"));
+  EXPECT_EQ("001 2025 00:00:00.000", label(bar, "ClockEnd"));
+
+  // As the Scenario Editor keeps the user's choice: month and day, one decimal.
+  registry.setValue("UnitsTimeFormat", "5");
+  registry.setValue("UnitsTimePrecision", "1");
+  bar.refresh();
+  EXPECT_EQ("Time: Feb 02 2024 13:05:09.4", label(bar, "ClockTime"));
+  registry.setValue("UnitsTimeFormat", "1");
+  bar.refresh();
+  EXPECT_EQ("Time: 2811909.4", label(bar, "ClockTime")) << "seconds, when the user asks for them";
+
+  registry.setValue("UnitsTimeFormat", "42");
+  registry.setValue("UnitsTimePrecision", "many");
+  bar.refresh();
+  EXPECT_EQ("Time: 033 2024 13:05:09.375", label(bar, "ClockTime")) << "a choice no format has reads as the default";
 }
 
 } // namespace

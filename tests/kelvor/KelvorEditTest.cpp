@@ -63,6 +63,25 @@ TEST_F(KelvorEditCommands, InfoSummarisesTheScenario)
   EXPECT_EQ(KelvorEdit::FAILURE, run({"info", dir.filePath("missing.kls").toStdString()}));
 }
 
+TEST_F(KelvorEditCommands, InfoCountsEachEntitysOwnPointsAndSaysWhichThoseAre)
+{
+  // Points: 2 positions, 1 laser pointing, 1 LOB pointing, 1 field of view. The laser's range,
+  // width and offset, the LOB style, the projector's on/off and the platform's commands are none.
+  const std::string path = file("kinds.kls", "kelvor-scenario 1\nplatform 1 \"A\"\npoint 1 0 35 -117 0\n"
+                                             "point 1 10 35 -117 0\nstate 1 0 on\ncolor 1 0 0xFF0000FF\n"
+                                             "laser 2 1 \"L\"\nlaser-point 2 0 0 0 0\nlaser-range 2 0 900\n"
+                                             "laser-width 2 0 3\nlaser-offset 2 0 1 2 3\n"
+                                             "lob 3 1 \"B\" absolute\nlob-point 3 0 1 0 100\n"
+                                             "lob-style 3 0 0x00FF00FF 0xFF0000FF 1 1 2\n"
+                                             "projector 4 1 \"P\"\nprojector-fov 4 0 30\nprojector-state 4 0 on\n");
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"info", path})) << err.str();
+  EXPECT_NE(std::string::npos, out.str().find("points: 5 (each entity's own: platform positions; beam, gate, laser "
+                                              "and LOB pointings; projector fields of view; custom rendering states)\n"))
+      << out.str();
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"info", std::string(SEP_SOURCE_DIR) + "/data/demo.kls"}));
+  EXPECT_NE(std::string::npos, out.str().find("points: 717 ")) << "as KELVOR Lite counts them on opening the file";
+}
+
 TEST_F(KelvorEditCommands, CheckReportsEveryBadLine)
 {
   const std::string good = file("good.kls", "kelvor-scenario 1\nplatform 1 \"A\"\n");
@@ -73,6 +92,24 @@ TEST_F(KelvorEditCommands, CheckReportsEveryBadLine)
                                                          "for a static value\n",
             err.str());
   EXPECT_NE(std::string::npos, out.str().find("2 of 4 lines cannot be read"));
+}
+
+TEST_F(KelvorEditCommands, CheckAndConvertCountTheRecordsThatReplacedEarlierOnes)
+{
+  const std::string csv = file("twice.csv", "time,lat,lon,alt\n1,30.001,-80,100\n1,30.5,-80.5,999\n");
+  EXPECT_EQ(KelvorEdit::SUCCESS, run({"check", csv})) << "a warning is no error";
+  EXPECT_EQ(csv + ":3: replaces the point of line 2 at time 1\n", err.str());
+  EXPECT_EQ(csv + ": 3 lines, all readable; 1 record replaced an earlier one\n", out.str());
+
+  const std::string kls = file("twice.kls", "kelvor-scenario 1\nplatform 1 \"A\"\npoint 1 0 35 -117 0\n"
+                                            "point 1 0 35 -117 0\npoint 1 0 35 -117 5\nstate 1 0 on\nstate 1 0 on\n");
+  const std::string out2 = dir.filePath("out.kls").toStdString();
+  EXPECT_EQ(KelvorEdit::SUCCESS, run({"convert", kls, out2}));
+  EXPECT_EQ(kls + ":5: replaces the point of line 4 at time 0\n" + kls + ": 2 identical repeated records ignored\n",
+            err.str());
+  EXPECT_NE(std::string::npos,
+            out.str().find("; 1 record replaced an earlier one, 2 identical repeated records ignored)\n"))
+      << out.str();
 }
 
 TEST_F(KelvorEditCommands, ConvertReadsCsvAndWritesAnySystemButNeverDropsBadLines)

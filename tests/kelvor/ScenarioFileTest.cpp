@@ -1,4 +1,5 @@
 #include "files/ScenarioReader.h"
+#include "files/ScenarioVocabulary.h"
 #include "files/ScenarioWriter.h"
 
 #include <QDir>
@@ -7,8 +8,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
 #include <fstream>
 #include <sstream>
+#include <tuple>
 
 using namespace kelvor;
 
@@ -171,6 +174,149 @@ TEST(ScenarioFile, PositionsInEverySystemReadBackToTheSamePlace)
     EXPECT_NEAR(original.alt, p.alt, 1e-3) << static_cast<int>(system);
     EXPECT_NEAR(original.velNorth, p.velNorth, 1e-6) << static_cast<int>(system);
   }
+}
+
+// Each entity as (name, original id, host's name), in the store's order.
+std::vector<std::tuple<std::string, UniqueID_t, std::string>> identities(const ScenarioStore& store)
+{
+  std::vector<std::tuple<std::string, UniqueID_t, std::string>> result;
+  for (UniqueID_t id : store.list(PI_ALL_TYPES))
+  {
+    const Entity& e = *store.entity(id);
+    result.emplace_back(nameOfHeader(e.header), originalIdOfHeader(e.header),
+                        e.host ? nameOfHeader(store.entity(e.host)->header) : std::string());
+  }
+  return result;
+}
+
+UniqueID_t addPlatform(ScenarioStore& store, const std::string& name, UniqueID_t original)
+{
+  PIData::PIPlatformHeader header;
+  header.name = name;
+  header.originalId = original;
+  return store.createEntity(header, 0);
+}
+
+TEST(ScenarioFile, SavingKeepsEveryOriginalIdSharedZeroAndHugeOnes)
+{
+  ScenarioStore store;
+  store.properties().initialized = true;
+  PIData::PIBeamHeader radar;
+  radar.name = "Radar";
+  radar.originalId = 2;
+  // A thinned copy keeps its source's original ids, its children's too.
+  const UniqueID_t source = addPlatform(store, "Source", 1);
+  const UniqueID_t beam = store.createEntity(radar, source);
+  store.createEntity(radar, addPlatform(store, "Source thinned", 1));
+  addPlatform(store, "Zero", 0);
+  addPlatform(store, "Zero too", 0);
+  addPlatform(store, "Largest", UINT64_MAX);
+  addPlatform(store, "Largest key", INT64_MAX);                           // a key still: new keys wrap past it
+  addPlatform(store, "Beyond keys", static_cast<UniqueID_t>(INT64_MAX) + 1);
+  const UniqueID_t seven = addPlatform(store, "Seven", 7);
+  store.entity(beam)->targets.insert({5.0, seven});
+
+  const std::string text = writeToText(store);
+  ScenarioStore back;
+  const ReadReport report = readInto(back, text);
+  ASSERT_TRUE(report.ok()) << (report.errors.empty() ? "" : report.errors[0]) << "\n" << text;
+  EXPECT_EQ(identities(store), identities(back)) << text;
+  const Entity& backBeam = *back.entity(back.entity(back.list(PI_PLATFORM_TYPE)[0])->children.at(0));
+  EXPECT_EQ("Seven", nameOfHeader(back.entity(backBeam.targets.front().value)->header)) << "keys still tie lines together";
+  EXPECT_EQ(text, writeToText(back)) << "a second save writes the same text";
+
+  std::size_t apart = 0;
+  for (std::size_t at = text.find("\noriginal-id "); at != std::string::npos; at = text.find("\noriginal-id ", at + 1))
+    ++apart;
+  EXPECT_EQ(6u, apart) << "the first of a shared id keeps it as its key, so do unique ids up to the largest key";
+  EXPECT_NE(std::string::npos, text.find("platform 1 \"Source\""));
+}
+
+TEST(ScenarioFile, AnOriginalIdLineGivesTheIdApartFromTheKey)
+{
+  ScenarioStore store;
+  const ReadReport report = readInto(store, "kelvor-scenario 1\n"
+                                            "platform 5 \"Old style\"\n"    // the key is the original id
+                                            "platform 6 \"Copy\"\n"
+                                            "ORIGINAL-ID 6 5\n"
+                                            "beam 7 6 \"Radar\" absolute\n"
+                                            "original-id 7 0\n"
+                                            "original-id 7 3\n"             // 7 a second one
+                                            "original-id 8 1\n"             // 8 no such entity
+                                            "original-id 5 -1\n"            // 9 not an original id
+                                            "original-id 5 18446744073709551616\n"
+                                            "original-id 5\n");
+  const std::vector<std::string> expected = {
+    "test.kls:7: a second original id for entity 7",
+    "test.kls:8: unknown entity id 8",
+    "test.kls:9: bad original id '-1': expected 0 to 18446744073709551615",
+    "test.kls:10: bad original id '18446744073709551616': expected 0 to 18446744073709551615",
+    "test.kls:11: missing field: expected ORIGINAL_ID",
+  };
+  EXPECT_EQ(expected, report.errors);
+  const std::vector<std::tuple<std::string, UniqueID_t, std::string>> held = {
+    {"Old style", 5, ""}, {"Copy", 5, ""}, {"Radar", 0, "Copy"}};
+  EXPECT_EQ(held, identities(store));
+}
+
+TEST(ScenarioFile, ARecordAtATimeHeldReplacesTheEarlierWithAWarningAndRepeatsAreCounted)
+{
+  const std::string text = std::string("kelvor-scenario 1\n") +
+                           "platform 1 \"A\"\n"
+                           "point 1 0 30.001 -80 100\n"
+                           "point 1 10 30 -80 100\n"
+                           "point 1 0 30.5 -80.5 999\n"       // 5 replaces line 3
+                           "point 1 10 30 -80 100\n"          // 6 the same again
+                           "state 1 5 on\n"
+                           "state 1 5 off\n"                  // 8 replaces line 7
+                           "color 1 -1 0xFF0000FF\n"
+                           "color 1 -1 0x00FF00FF\n"          // 10 replaces line 9
+                           "generic 1 0 \"Note\" \"a\"\n"
+                           "generic 1 0 \"Other\" \"b\"\n"    // another tag: no replacement
+                           "generic 1 0 \"Note\" \"c\"\n"     // 13 replaces line 11
+                           "category 1 0 \"Side\" \"Blue\"\n"
+                           "category 1 0 \"Side\" \"Blue\"\n" // 15 the same again
+                           "point 1 5 30 -80 100\n"           // before the point of time 10
+                           "point 1 10 30.2 -80 100\n"        // 17 replaces line 6, which replaced line 4
+                           "beam 2 1 \"B\" absolute\n"
+                           "beam-point 2 1 0 0 100\n"
+                           "beam-point 2 1 0 0 200\n"         // 20 replaces line 19
+                           "laser 3 1 \"L\"\n"
+                           "laser-range 3 0 100\n"
+                           "laser-range 3 0 200\n"            // 23 replaces line 22
+                           "table 1 1 \"T\"\n"
+                           "column 1 \"X\" double\n"
+                           "column 1 \"Y\" string\n"
+                           "row 1 0 1 \"a\"\n"
+                           "row 1 0 NULL \"b\"\n"             // 28 replaces Y of line 27, keeps X
+                           "row 1 0 NULL \"b\"\n";            // 29 changes nothing
+  ScenarioStore store;
+  const ReadReport report = readInto(store, text);
+  EXPECT_TRUE(report.ok()) << "a replacement is no error";
+  const std::vector<std::string> expected = {
+    "test.kls:5: replaces the point of line 3 at time 0",
+    "test.kls:8: replaces the state of line 7 at time 5",
+    "test.kls:10: replaces the colour of line 9 at time -1",
+    "test.kls:13: replaces the generic data \"Note\" of line 11 at time 0",
+    "test.kls:17: replaces the point of line 6 at time 10",
+    "test.kls:20: replaces the point of line 19 at time 1",
+    "test.kls:23: replaces the range of line 22 at time 0",
+    "test.kls:28: replaces cells of the row of line 27 at time 0",
+    "test.kls: 3 identical repeated records ignored",
+  };
+  EXPECT_EQ(expected, report.warnings);
+  EXPECT_EQ(8u, report.replaced);
+  EXPECT_EQ(3u, report.repeats);
+
+  const Entity& a = byOriginalId(store, 1);
+  ASSERT_EQ(3u, a.platformPoints.size());
+  EXPECT_EQ(30.5 * M_PI / 180.0, a.platformPoints.front().lat) << "the later record is kept";
+  EXPECT_EQ(999.0, a.platformPoints.front().alt);
+  EXPECT_EQ(0, a.states.front().value);
+  EXPECT_EQ(2u, a.generic.size());
+  EXPECT_EQ("c", a.generic.front().value);
+  const DataTable& table = *store.table(a.tables.at(0));
+  EXPECT_EQ(" 1 \"b\"", ScenarioVocabulary::formatCells(table, table.rows().at(0.0)));
 }
 
 TEST(ScenarioFile, EachBadLineIsReportedAndTheRestLoads)

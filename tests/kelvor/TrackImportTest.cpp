@@ -49,6 +49,25 @@ TEST(CsvTrackImport, ANameColumnMakesOnePlatformPerNameInAnyColumnOrder)
   EXPECT_FALSE(lead.platformPoints.front().hasOrientation());
 }
 
+TEST(CsvTrackImport, ARowAtATimeHeldReplacesTheEarlierWithAWarning)
+{
+  ScenarioStore store;
+  const ReadReport report = readCsv(store, "time,lat,lon,alt,name\n"
+                                           "1,30.001,-80,100,A\n"
+                                           "1,30,-80,100,B\n"        // another platform: no replacement
+                                           "1,30.5,-80.5,999,A\n"
+                                           "2,30,-80,100,B\n"
+                                           "2,30,-80,100,B\n");
+  EXPECT_TRUE(report.ok());
+  EXPECT_EQ((std::vector<std::string>{"/tracks/flight7.csv:4: replaces the point of line 2 at time 1",
+                                      "/tracks/flight7.csv: 1 identical repeated record ignored"}),
+            report.warnings);
+  const Entity& a = *store.entity(store.findPlatform("A"));
+  ASSERT_EQ(1u, a.platformPoints.size());
+  EXPECT_EQ(999.0, a.platformPoints.front().alt) << "the later row is kept";
+  EXPECT_EQ(2u, store.entity(store.findPlatform("B"))->platformPoints.size());
+}
+
 TEST(CsvTrackImport, BadRowsAreReportedAndStrictModeRefusesTheFile)
 {
   const std::string text = "time,lat,lon,alt\n"
@@ -63,7 +82,7 @@ TEST(CsvTrackImport, BadRowsAreReportedAndStrictModeRefusesTheFile)
                                       "/tracks/flight7.csv:4: missing field: 3 fields for the header's columns",
                                       "/tracks/flight7.csv:5: bad time '-4'"}),
             lenient.errors);
-  EXPECT_EQ(2u, lenient.points);
+  EXPECT_EQ(2u, store.pointCount()) << "the good rows loaded";
 
   ScenarioStore kept;
   kept.createEntity(PIData::PIPlatformHeader(), 0);
