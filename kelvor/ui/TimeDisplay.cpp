@@ -37,7 +37,7 @@ QString TimeDisplay::text(double seconds, int referenceYear) const
 
 kelCore::TimeFormat TimeDisplay::format_() const
 {
-  const int stored = storedInteger(registry_, "UnitsTimeFormat", static_cast<int>(DEFAULT_FORMAT));
+  const int stored = storedInteger(registry_, "Time Format", static_cast<int>(DEFAULT_FORMAT));
   const bool known = stored >= static_cast<int>(kelCore::TimeFormat::SECONDS) &&
                      stored <= static_cast<int>(kelCore::TimeFormat::ISO8601);
   return known ? static_cast<kelCore::TimeFormat>(stored) : DEFAULT_FORMAT;
@@ -45,7 +45,7 @@ kelCore::TimeFormat TimeDisplay::format_() const
 
 unsigned short TimeDisplay::precision_() const
 {
-  const int stored = storedInteger(registry_, "UnitsTimePrecision", DEFAULT_PRECISION);
+  const int stored = storedInteger(registry_, "Time Precision", DEFAULT_PRECISION);
   return static_cast<unsigned short>(std::clamp(stored, 0, MAX_PRECISION));
 }
 

@@ -11,8 +11,8 @@ class Registry;
 
 /**
  * @brief Writes scenario times as the user chose to see them. The Scenario Editor keeps the
- * user's time format and precision in the registry (keys "UnitsTimeFormat", a kelCore
- * TimeFormat number, and "UnitsTimePrecision", decimals of the seconds); KELVOR Lite shows its
+ * user's time format and precision in the registry (keys "Time Format", a kelCore
+ * TimeFormat number, and "Time Precision", decimals of the seconds); KELVOR Lite shows its
  * times the same way, so that a time reads alike in the clock and in the editor's tables. Where
  * no choice is stored, or one no format has, times show as date and time of day, to the
  * millisecond: "032 2024 13:05:09.250".

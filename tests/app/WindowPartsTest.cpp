@@ -134,16 +134,16 @@ TEST(ClockBarControls, TimesShowInTheUsersTimeFormatDateAndTimeOfDayByDefault)
   EXPECT_EQ("001 2025 00:00:00.000", label(bar, "ClockEnd"));
 
   // As the Scenario Editor keeps the user's choice: month and day, one decimal.
-  registry.setValue("UnitsTimeFormat", "5");
-  registry.setValue("UnitsTimePrecision", "1");
+  registry.setValue("Time Format", "5");
+  registry.setValue("Time Precision", "1");
   bar.refresh();
   EXPECT_EQ("Time: Feb 02 2024 13:05:09.4", label(bar, "ClockTime"));
-  registry.setValue("UnitsTimeFormat", "1");
+  registry.setValue("Time Format", "1");
   bar.refresh();
   EXPECT_EQ("Time: 2811909.4", label(bar, "ClockTime")) << "seconds, when the user asks for them";
 
-  registry.setValue("UnitsTimeFormat", "42");
-  registry.setValue("UnitsTimePrecision", "many");
+  registry.setValue("Time Format", "42");
+  registry.setValue("Time Precision", "many");
   bar.refresh();
   EXPECT_EQ("Time: 033 2024 13:05:09.375", label(bar, "ClockTime")) << "a choice no format has reads as the default";
 }
