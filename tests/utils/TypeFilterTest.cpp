@@ -4,6 +4,7 @@
 #include "widgets/EntityProxyModel.h"
 #include "widgets/EntityTypeFilterWidget.h"
 #include "widgets/FilterDialog.h"
+#include "widgets/SelectableEntityFilter.h"
 
 #include <QCheckBox>
 #include <QScrollArea>
@@ -96,4 +97,21 @@ TEST_F(TypeFiltering, TheFilterDialogListsTheFiltersThatHaveEditors)
   QSignalSpy closed(&dialog, &kelQt::FilterDialog::closedGui);
   dialog.close();
   EXPECT_EQ(1, closed.count());
+}
+
+TEST(SelectableEntities, OnlyTheChosenPassAndEachChangeRefilters)
+{
+  kelQt::SelectableEntityFilter filter;
+  QSignalSpy updated(&filter, &kelQt::EntityFilter::filterUpdated);
+  EXPECT_TRUE(filter.empty());
+  EXPECT_FALSE(filter.acceptEntity(5));
+  filter.setSelectableEntities({5, 6, 7});
+  EXPECT_TRUE(filter.acceptEntity(6));
+  filter.removeSelectableEntities({6, 99});
+  EXPECT_FALSE(filter.acceptEntity(6));
+  EXPECT_TRUE(filter.acceptEntity(7));
+  EXPECT_EQ(nullptr, filter.widget(nullptr)) << "nothing to edit";
+  filter.clear();
+  EXPECT_TRUE(filter.empty());
+  EXPECT_EQ(3, updated.count());
 }
