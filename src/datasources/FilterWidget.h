@@ -28,6 +28,8 @@ public:
   void removeKey(const std::string& key);
   /// Forgets every key, and shows "All".
   void clear();
+  /// Lists the keys added without update, keeping the key shown where it is still listed.
+  void showKeys() { updateFilterComboBox_(); }
   /// Shows key; an empty or unlisted key shows "All" and signals an empty key.
   void setCurrentKey(const QString& key);
   /// @return the key shown; empty for "All"

@@ -29,7 +29,11 @@ void KeySortFilter::setSourceModel(QAbstractItemModel* model)
     for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
       connect(model, signal, this, &KeySortFilter::forgetCaches_);
     connect(model, &QAbstractItemModel::rowsMoved, this, &KeySortFilter::forgetCaches_);
-    connect(model, &QAbstractItemModel::modelReset, this, &KeySortFilter::forgetCaches_);
+    connect(model, &QAbstractItemModel::modelAboutToBeReset, this, [this] { resetting_ = true; });
+    connect(model, &QAbstractItemModel::modelReset, this, [this] {
+      resetting_ = false;
+      forgetCaches_();
+    });
     connect(model, &QAbstractItemModel::layoutChanged, this, &KeySortFilter::forgetCaches_);
   }
   QSortFilterProxyModel::setSourceModel(model);
@@ -38,7 +42,9 @@ void KeySortFilter::setSourceModel(QAbstractItemModel* model)
 void KeySortFilter::setKey(const QString& key)
 {
   key_ = key;
-  invalidateFilter();
+  // A source that reloads tells its keys from inside its model's reset; the reset filters anew.
+  if (!resetting_)
+    invalidateFilter();
 }
 
 void KeySortFilter::forgetCaches_()

@@ -52,6 +52,7 @@ private:
   void updateCachedRows_(const QModelIndex& topLeft, const QModelIndex& bottomRight);
 
   QString key_;
+  bool resetting_ = false; ///< the source model is between the begin and end of a reset
   mutable ColumnCache times_;
   mutable ColumnCache sorted_;
 };

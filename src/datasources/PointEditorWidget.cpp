@@ -1,8 +1,11 @@
 #include "datasources/PointEditorWidget.h"
 
 #include "datasources/AvoidNoopEditsDelegate.h"
+#include "datasources/CategoryDataSource.h"
 #include "datasources/EntityDataModel.h"
 #include "datasources/EntityDataSourceProxy.h"
+#include "datasources/FilterWidget.h"
+#include "datasources/GenericDataSource.h"
 #include "datasources/KeySortFilter.h"
 #include "host/PIDataClock.h"
 #include "host/PIDataScenario.h"
@@ -55,7 +58,9 @@ struct OfferedType
   int type;
   const char* name;
 };
-const OfferedType OFFERED_TYPES[] = {{PointEditorWidget::POINT_DATA, "Point Data"}};
+const OfferedType OFFERED_TYPES[] = {{PointEditorWidget::POINT_DATA, "Point Data"},
+                                     {PointEditorWidget::CATEGORY_DATA, "Category Data"},
+                                     {PointEditorWidget::GENERIC_DATA, "Generic Data"}};
 
 /// Asks a question of the tab. \returns true for Yes; false for No, or when the tab went meanwhile
 bool askYes(QWidget* parent, const QString& title, const QString& text)
@@ -78,6 +83,8 @@ PointEditorWidget::PointEditorWidget(kelQt::EntityTreeComposite& tree, QWidget* 
 {
   units_->setReferenceYear(PIData::getReferenceYear());
   ui_->setupUi(this);
+  // Each kind of keyed data brings its own key filter, shown with its controls.
+  ui_->filterWidget->hide();
   for (const OfferedType& offered : OFFERED_TYPES)
     ui_->typeComboBox->addItem(tr(offered.name), offered.type);
   ui_->typeComboBox->setToolTip(kelQt::formatTooltip(tr("Selects the type of data to edit.")));
@@ -188,9 +195,18 @@ void PointEditorWidget::setEditType_(int type)
   applyUnitsChange();
 }
 
-std::unique_ptr<DataSource> PointEditorWidget::makeSource_(int)
+std::unique_ptr<DataSource> PointEditorWidget::makeSource_(int type)
 {
-  // Point data is the one type offered so far.
+  if (type == CATEGORY_DATA || type == GENERIC_DATA)
+  {
+    std::unique_ptr<KeyValueDataSource> items;
+    if (type == CATEGORY_DATA)
+      items = std::make_unique<CategoryDataSource>(*formatter_);
+    else
+      items = std::make_unique<GenericDataSource>(*formatter_);
+    connect(&items->filterWidget(), &FilterWidget::currentKeyChanged, filter_, &KeySortFilter::setKey);
+    return items;
+  }
   auto proxy = std::make_unique<EntityDataSourceProxy>(*formatter_, *units_);
   connect(proxy.get(), &EntityDataSourceProxy::selectedTimes, this, &PointEditorWidget::setSelectedTimes_);
   return proxy;
