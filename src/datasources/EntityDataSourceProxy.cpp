@@ -1,7 +1,13 @@
 #include "datasources/EntityDataSourceProxy.h"
 
+#include "datasources/BeamDataSource.h"
+#include "datasources/CustomRenderingDataSource.h"
+#include "datasources/GateDataSource.h"
+#include "datasources/LaserDataSource.h"
+#include "datasources/LobDataSource.h"
 #include "datasources/NullDataSource.h"
 #include "datasources/PlatformDataSource.h"
+#include "datasources/ProjectorDataSource.h"
 #include "host/PIDataEntities.h"
 
 #include <QFrame>
@@ -49,14 +55,21 @@ void EntityDataSourceProxy::setUniqueId(unsigned long id, bool load)
 
 std::unique_ptr<DataSource> EntityDataSourceProxy::makeSource_(unsigned long id)
 {
-  // The child kinds are edited as points once their sources exist; until then they have none.
-  if (id != 0 && PIData::getObjectType(id) == PI_PLATFORM_TYPE)
+  switch (id == 0 ? PI_NONE_TYPE : PIData::getObjectType(id))
   {
+  case PI_PLATFORM_TYPE: {
     auto platform = std::make_unique<PlatformDataSource>(formatter_, context_);
     connect(platform.get(), &PlatformDataSource::selectedTimes, this, &EntityDataSourceProxy::selectedTimes);
     return platform;
   }
-  return std::make_unique<NullDataSource>();
+  case PI_BEAM_TYPE: return std::make_unique<BeamDataSource>(formatter_, context_);
+  case PI_GATE_TYPE: return std::make_unique<GateDataSource>(formatter_, context_);
+  case PI_LASER_TYPE: return std::make_unique<LaserDataSource>(formatter_, context_);
+  case PI_LOB_GROUP_TYPE: return std::make_unique<LobDataSource>(formatter_, context_);
+  case PI_PROJECTOR_TYPE: return std::make_unique<ProjectorDataSource>(formatter_, context_);
+  case PI_CUSTOM_RENDERING_TYPE: return std::make_unique<CustomRenderingDataSource>(formatter_);
+  default: return std::make_unique<NullDataSource>();
+  }
 }
 
 void EntityDataSourceProxy::clearLayout_()

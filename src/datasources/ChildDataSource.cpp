@@ -1,0 +1,445 @@
+#include "datasources/ChildDataSource.h"
+
+#include "host/PIDataClock.h"
+#include "host/PIDataEntities.h"
+#include "host/PIDataPoints.h"
+#include "kelCore/StringUtils.h"
+#include "units/UnitContext.h"
+#include "units/UnitContextFormatter.h"
+#include "units/Units.h"
+
+#include <QVariantList>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <sstream>
+
+namespace QtSep
+{
+
+namespace
+{
+
+constexpr double TOLERANCE = 1e-6;
+const char* const NO_TARGET = "None";
+
+/// Reads a 16-bit line pattern: hexadecimal with "0x", else decimal. @return false when it is none
+bool parseStipple(const std::string& text, double& out)
+{
+  const std::string trimmed = kelCore::trim(text);
+  if (trimmed.empty())
+    return false;
+  char* end = nullptr;
+  const bool hex = trimmed.size() > 2 && trimmed[0] == '0' && (trimmed[1] == 'x' || trimmed[1] == 'X');
+  const unsigned long long value = std::strtoull(trimmed.c_str(), &end, hex ? 16 : 10);
+  if (end == trimmed.c_str() || *end != '\0' || trimmed[0] == '-' || value > 0xFFFFull)
+    return false;
+  out = static_cast<double>(value);
+  return true;
+}
+
+std::string stippleText(double value)
+{
+  std::ostringstream text;
+  text << "0x" << std::hex << std::uppercase << static_cast<unsigned int>(value);
+  return text.str();
+}
+
+} // namespace
+
+ChildDataSource::ChildDataSource(const kelCore::UnitContextFormatter& formatter, std::vector<ColumnSpec> columns,
+                                 bool lastRowStays, QObject* parent)
+  : QObject(parent), formatter_(formatter), columns_(std::move(columns)), lastRowStays_(lastRowStays)
+{
+}
+
+ChildDataSource::~ChildDataSource() = default;
+
+const ChildDataSource::ColumnSpec* ChildDataSource::spec_(int column) const
+{
+  return column >= 1 && column < columnCount() ? &columns_[column - 1] : nullptr;
+}
+
+int ChildDataSource::firstColumnOf_(int series) const
+{
+  for (std::size_t i = 0; i < columns_.size(); ++i)
+  {
+    if (columns_[i].series == series)
+      return static_cast<int>(i);
+  }
+  return -1;
+}
+
+void ChildDataSource::setUniqueId(unsigned long id, bool load)
+{
+  rows_.clear();
+  dirty_ = false;
+  id_ = id;
+  readHeader_(id);
+  if (!load || id == 0)
+    return;
+  std::vector<Item> items;
+  readSeries_(id, items);
+  // One row a distinct time, the series merged in time order.
+  std::stable_sort(items.begin(), items.end(), [](const Item& a, const Item& b) { return a.time < b.time; });
+  for (const Item& item : items)
+  {
+    if (rows_.empty() || rows_.back().asRead.time != item.time)
+    {
+      Values values;
+      values.time = item.time;
+      rows_.emplace_back(values);
+    }
+    Values& row = rows_.back().asRead;
+    const int first = firstColumnOf_(item.series);
+    for (int i = 0; first >= 0 && first + i < static_cast<int>(columns_.size()) && columns_[first + i].series == item.series; ++i)
+      row.cells[first + i] = item.values[i];
+    row.valid |= static_cast<std::uint16_t>(1U << item.series);
+    rows_.back().edited = row;
+  }
+}
+
+QVariant ChildDataSource::data(int row, int column, Role role) const
+{
+  if (!inRange_(row))
+    return QVariant();
+  const Values& values = rows_[row].edited;
+  if (column == 0)
+    return role == Role::Raw ? QVariant(values.time) : QVariant(QString::fromStdString(formatter_.formatTime(values.time)));
+  const ColumnSpec* spec = spec_(column);
+  if (!spec || !values.has(spec->series))
+    return QVariant();
+  const double value = values.cells[column - 1];
+  return role == Role::Raw ? raw_(*spec, value) : display_(*spec, value);
+}
+
+QVariant ChildDataSource::display_(const ColumnSpec& spec, double value) const
+{
+  switch (spec.kind)
+  {
+  case Kind::ANGLE: return QString::fromStdString(formatter_.formatAngle(value, kelCore::AngleExtents::ALL));
+  case Kind::DISTANCE: return QString::fromStdString(formatter_.formatDistance(value));
+  case Kind::RANGE:
+    // The host's marker for no range stays recognisable.
+    return value < 0.0 ? QString("-1.0") : QString::fromStdString(formatter_.formatDistance(value));
+  case Kind::COLOR: {
+    const auto rgba = static_cast<unsigned int>(value);
+    return QString::fromStdString(
+      formatter_.formatRGBA((rgba >> 24) & 0xFF, (rgba >> 16) & 0xFF, (rgba >> 8) & 0xFF, rgba & 0xFF));
+  }
+  case Kind::STATE: return QString(value != 0.0 ? "On" : "Off");
+  case Kind::TARGET: return raw_(spec, value).toList().front();
+  case Kind::INTEGER: return QString::number(static_cast<long long>(value));
+  case Kind::STIPPLE: return QString::fromStdString(stippleText(value));
+  }
+  return QVariant();
+}
+
+QVariant ChildDataSource::raw_(const ColumnSpec& spec, double value) const
+{
+  switch (spec.kind)
+  {
+  case Kind::COLOR: return QVariant(static_cast<unsigned int>(value));
+  case Kind::STATE: return QVariant(value != 0.0);
+  case Kind::TARGET: {
+    // The name and the id, as a copy of the entity carries its target.
+    const auto target = static_cast<unsigned long>(value);
+    const QString name =
+      target == 0 ? QString(NO_TARGET) : QString::fromStdString(nameOrAliasFromId_(target, PI_PLATFORM_TYPE));
+    return QVariantList{name, QVariant(static_cast<qulonglong>(target))};
+  }
+  case Kind::INTEGER:
+  case Kind::STIPPLE: return QVariant(static_cast<int>(value));
+  default: return QVariant(value);
+  }
+}
+
+std::string ChildDataSource::columnName(int column) const
+{
+  if (column == 0)
+    return "Time";
+  const ColumnSpec* spec = spec_(column);
+  if (!spec)
+    return std::string();
+  const kelCore::UnitContext& units = formatter_.unitContext();
+  switch (spec->kind)
+  {
+  case Kind::ANGLE: return std::string(spec->title) + " (" + units.angleUnits().abbreviation() + ")";
+  case Kind::DISTANCE:
+  case Kind::RANGE: return std::string(spec->title) + " (" + units.distanceUnits().abbreviation() + ")";
+  default: return spec->title;
+  }
+}
+
+bool ChildDataSource::canDeleteRow() const { return rowCount() > (lastRowStays_ ? 1 : 0); }
+
+bool ChildDataSource::isColumnEditable(int column) const
+{
+  return column == 0 || (spec_(column) && isCellEditable_(column));
+}
+
+bool ChildDataSource::isDirty(int row, int column) const
+{
+  if (!inRange_(row))
+    return false;
+  const Values& read = rows_[row].asRead;
+  const Values& edited = rows_[row].edited;
+  if (column == 0)
+    return !(std::fabs(read.time - edited.time) < TOLERANCE);
+  const ColumnSpec* spec = spec_(column);
+  if (!spec)
+    return false;
+  const bool validRead = read.has(spec->series);
+  const bool validEdited = edited.has(spec->series);
+  const double a = read.cells[column - 1];
+  const double b = edited.cells[column - 1];
+  switch (spec->kind)
+  {
+  case Kind::ANGLE: return !areAnglesEqual_(validRead, a, validEdited, b);
+  case Kind::DISTANCE:
+  case Kind::RANGE: return !areEqual_(validRead, a, validEdited, b);
+  default: return validRead != validEdited || (validRead && a != b);
+  }
+}
+
+void ChildDataSource::setSeriesValid_(Values& row, int series, bool valid) const
+{
+  const bool was = row.has(series);
+  if (valid && !was)
+  {
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+    {
+      if (columns_[i].series == series)
+        row.cells[i] = 0.0;
+    }
+  }
+  if (valid)
+    row.valid |= static_cast<std::uint16_t>(1U << series);
+  else
+    row.valid &= static_cast<std::uint16_t>(~(1U << series));
+}
+
+int ChildDataSource::setData(int row, int column, const QVariant& value)
+{
+  if (!inRange_(row))
+    return 1;
+  Values& edited = rows_[row].edited;
+  if (column == 0)
+  {
+    // A child's rows are never static, and no time of theirs lies before the reference year.
+    double time = edited.time;
+    bool changed = false;
+    const int status = value.userType() == QMetaType::QString
+                         ? setTime_(value.toString().toUtf8().toStdString(), false, time, changed)
+                         : setTime_(value, false, time, changed);
+    if (status != 0 || time < 0.0)
+      return 1;
+    edited.time = time;
+    dirty_ = dirty_ || changed;
+    return 0;
+  }
+  const ColumnSpec* spec = spec_(column);
+  if (!spec)
+    return 1;
+  if (value.userType() == QMetaType::QString)
+    return setText_(edited, column - 1, *spec, value.toString().toUtf8().toStdString());
+  return setTyped_(edited, column - 1, *spec, value);
+}
+
+int ChildDataSource::setText_(Values& row, int cell, const ColumnSpec& spec, const std::string& text)
+{
+  const kelCore::UnitContext& units = formatter_.unitContext();
+  bool valid = row.has(spec.series);
+  int status = 1;
+  double number = 0.0;
+  switch (spec.kind)
+  {
+  case Kind::ANGLE: status = setDouble_(text, number, valid, dirty_, units.angleUnits(), kelCore::Units::RADIANS); break;
+  case Kind::DISTANCE:
+  case Kind::RANGE: status = setDouble_(text, number, valid, dirty_, units.distanceUnits(), kelCore::Units::METERS); break;
+  case Kind::COLOR: {
+    unsigned int color = 0;
+    status = setColor_(text, color, valid, dirty_);
+    number = color;
+    break;
+  }
+  case Kind::STATE: {
+    bool on = false;
+    status = setBoolean_(text, on, valid, dirty_);
+    number = on ? 1.0 : 0.0;
+    break;
+  }
+  case Kind::TARGET: {
+    unsigned long target = 0;
+    status = setTarget_(text, target, valid, dirty_);
+    number = static_cast<double>(target);
+    break;
+  }
+  case Kind::INTEGER: {
+    int whole = 0;
+    status = setInteger_(text, whole, valid, dirty_);
+    number = whole;
+    break;
+  }
+  case Kind::STIPPLE:
+    if (text.empty())
+    {
+      valid = false;
+      dirty_ = true;
+      status = 0;
+    }
+    else if (parseStipple(text, number))
+    {
+      valid = true;
+      dirty_ = true;
+      status = 0;
+    }
+    break;
+  }
+  if (status != 0)
+    return 1;
+  setSeriesValid_(row, spec.series, valid);
+  if (valid)
+    row.cells[cell] = number;
+  return 0;
+}
+
+int ChildDataSource::setTyped_(Values& row, int cell, const ColumnSpec& spec, const QVariant& value)
+{
+  bool valid = row.has(spec.series);
+  int status = 1;
+  double number = 0.0;
+  switch (spec.kind)
+  {
+  case Kind::COLOR: {
+    unsigned int color = 0;
+    status = setColor_(value, color, valid, dirty_);
+    number = color;
+    break;
+  }
+  case Kind::STATE: {
+    bool on = false;
+    status = setBoolean_(value, on, valid, dirty_);
+    number = on ? 1.0 : 0.0;
+    break;
+  }
+  case Kind::TARGET: {
+    unsigned long target = 0;
+    status = setTarget_(value, target, valid, dirty_);
+    number = static_cast<double>(target);
+    break;
+  }
+  case Kind::INTEGER:
+  case Kind::STIPPLE: {
+    int whole = 0;
+    status = setInteger_(value, whole, valid, dirty_);
+    number = whole;
+    break;
+  }
+  default: status = setDouble_(value, number, valid, dirty_); break;
+  }
+  if (status != 0)
+    return 1;
+  setSeriesValid_(row, spec.series, valid);
+  if (valid)
+    row.cells[cell] = number;
+  return 0;
+}
+
+int ChildDataSource::revert(int row, int column)
+{
+  if (!isDirty(row, column))
+    return 1;
+  Entry& entry = rows_[row];
+  if (column == 0)
+    entry.edited.time = entry.asRead.time;
+  else
+  {
+    const int series = spec_(column)->series;
+    const bool validRead = entry.asRead.has(series);
+    setSeriesValid_(entry.edited, series, validRead);
+    entry.edited.cells[column - 1] = entry.asRead.cells[column - 1];
+  }
+  rescanDirty_();
+  return 0;
+}
+
+void ChildDataSource::rescanDirty_()
+{
+  // Added and deleted rows leave no dirty cell, as for platform points.
+  for (int row = 0; row < rowCount(); ++row)
+  {
+    for (int column = 0; column < columnCount(); ++column)
+    {
+      if (isDirty(row, column))
+        return;
+    }
+  }
+  dirty_ = false;
+}
+
+void ChildDataSource::deleteRows(const std::vector<int>& rows)
+{
+  int lastDeleted = rowCount();
+  for (auto it = rows.rbegin(); it != rows.rend(); ++it)
+  {
+    const int row = *it;
+    if (row < 0 || row >= rowCount() || row >= lastDeleted)
+      continue;
+    rows_.erase(rows_.begin() + row);
+    lastDeleted = row;
+    dirty_ = true;
+  }
+}
+
+int ChildDataSource::moveRow(int from, int to)
+{
+  if (from == to || !inRange_(from))
+    return 1;
+  const Entry moved = rows_[from];
+  rows_.erase(rows_.begin() + from);
+  if (from < to)
+    --to;
+  rows_.insert(rows_.begin() + std::clamp(to, 0, rowCount()), moved);
+  return 0;
+}
+
+int ChildDataSource::getCopyDestination(int row) const
+{
+  if (rows_.empty())
+    return 0;
+  return inRange_(row) ? row + 1 : rowCount();
+}
+
+void ChildDataSource::copyRow(int row, int destination)
+{
+  dirty_ = true;
+  if (rows_.empty())
+  {
+    // A first row at the clock's begin, with no series yet: values are typed in.
+    Values first;
+    first.time = std::max(0.0, PIData::clockGetBegin());
+    rows_.emplace_back(first, true);
+    return;
+  }
+  const Values& source = rows_[inRange_(row) ? row : rowCount() - 1].edited;
+  rows_.insert(rows_.begin() + std::clamp(destination, 0, rowCount()), Entry(source, true));
+}
+
+void ChildDataSource::flush_(unsigned long id) const { PIData::flushEntityData(id, PIData::FLUSH_POINTS_AND_COMMANDS); }
+
+void ChildDataSource::commitChanges(bool refresh)
+{
+  if (id_ == 0)
+    return;
+  flush_(id_);
+  for (const Entry& entry : rows_)
+    writeRow_(id_, entry.edited);
+  if (!refresh)
+    return;
+  PIData::clockAutoConfigureBeginEnd();
+  setUniqueId(id_, true);
+}
+
+} // namespace QtSep
