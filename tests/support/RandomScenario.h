@@ -20,7 +20,7 @@ struct RandomScenario
   int leastPlatforms = 6;
   int mostPlatforms = 10;
   int leastPoints = 10;   ///< of a moving track
-  int mostPoints = 250;   ///< of a moving track
+  int mostPoints = 150;   ///< of a moving track
 
   /// Makes the scenario, and fits the clock to its data.
   void make(SeededRandom& random) const;

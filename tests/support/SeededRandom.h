@@ -26,8 +26,10 @@ public:
   {
     if (high <= low)
       return low;
-    const auto span = static_cast<std::uint64_t>(high - low) + 1;
-    return low + static_cast<long long>(engine_() % span);
+    // In unsigned arithmetic, where a span wider than the signed range does not overflow.
+    const std::uint64_t span = static_cast<std::uint64_t>(high) - static_cast<std::uint64_t>(low) + 1;
+    const std::uint64_t offset = span == 0 ? engine_() : engine_() % span;
+    return static_cast<long long>(static_cast<std::uint64_t>(low) + offset);
   }
   /// @return an index in [0, count); 0 when count is 0
   std::size_t index(std::size_t count) { return count == 0 ? 0 : static_cast<std::size_t>(engine_() % count); }
