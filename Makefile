@@ -2,6 +2,7 @@
 # make test   installs what is missing, builds, runs every test (also under ASan and UBSan) and the fuzzers
 # make bench  installs what is missing, builds, and runs the benchmarks
 # make build  installs what is missing and builds
+# make soak   runs the editor's commands at random for long (SOAK_SEED, SOAK_STEPS)
 
 BUILD_DIR ?= build
 SANITIZE_DIR ?= build-sanitize
@@ -9,8 +10,11 @@ FUZZ_DIR ?= build-fuzz
 FUZZ_SECONDS ?= 15
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 CTEST_FLAGS ?= --output-on-failure -j2
+SOAK_STEPS ?= 5000
+# A new seed each run unless one is given; the run prints it.
+SOAK_SEED ?= $(shell date +%s)
 
-.PHONY: all deps build build-sanitize run test test-fast bench fuzz clean
+.PHONY: all deps build build-sanitize run test test-fast soak bench fuzz clean
 
 all: build
 
@@ -58,6 +62,15 @@ fuzz: deps $(FUZZ_DIR)/build.ninja
 # The plain build's tests only, for a quick check while working.
 test-fast: build
 	ctest --test-dir $(BUILD_DIR) $(CTEST_FLAGS)
+
+# The soak test for SOAK_STEPS steps from SOAK_SEED; BUILD_DIR=build-sanitize runs it in the
+# sanitizer build once make build-sanitize has made that.
+soak: deps $(BUILD_DIR)/build.ninja
+	cmake --build $(BUILD_DIR) --target soak_tests
+	SOAK_SEED=$(SOAK_SEED) SOAK_STEPS=$(SOAK_STEPS) QT_QPA_PLATFORM=offscreen \
+	  ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+	  LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:fast_unwind_on_malloc=0 \
+	  $(BUILD_DIR)/bin/soak_tests --gtest_filter=Soak.RandomCommandsKeepTheScenarioConsistent
 
 bench: build
 	cmake --build $(BUILD_DIR) --target bench_all

@@ -31,6 +31,10 @@ std::vector<PIData::PIPlatformPoint> pointsOf(UniqueID_t id, double start, doubl
 {
   std::vector<PIData::PIPlatformPoint> points;
   PIData::getDataPoints(id, start, end, &points, PIData::PICoordReferenceFrame());
+  // A static platform's one point answers every range, but it has no time: it fills no hole,
+  // and no stretch is coloured around it.
+  if (points.size() == 1 && points.front().time == -1.0)
+    points.clear();
   return points;
 }
 

@@ -208,6 +208,25 @@ TEST_F(Merge, FillTrackMakesAColouredTemporaryCopyAndCanHoldTheLastPoint)
   EXPECT_EQ(0x123456FFu, CommonMerge::GetColorFromGeneric(temporary, 12));
 }
 
+TEST_F(Merge, AStaticPlatformFillsNoHoleSoNothingIsColouredAroundTimeMinusOne)
+{
+  // A static platform's one point answers any range of times, the holes of a track included.
+  const UniqueID_t site = createStaticPlatform("Site");
+  const UniqueID_t target = platform("Target", {0, 100});
+
+  CommonMerge::BackFillSegment(target, site, 0, 100, true, 0x00FF00FF);
+  EXPECT_EQ((std::vector<double>{0, 100}), times(target)) << "no static point joins the track";
+  std::vector<PIData::PIGenericDataPoint> colours;
+  PIData::getDataPoints(target, &colours);
+  EXPECT_TRUE(colours.empty()) << "no colour at -1 - epsilon or -1 + epsilon, times no scenario file holds";
+
+  UniqueID_t temporary = 0;
+  EXPECT_FALSE(CommonMerge::FillTrack(temporary, site, 0, 100, 0x123456FF, true));
+  std::vector<DropOut> found;
+  EXPECT_FALSE(CommonMerge::GenerateDropOuts(site, 0, 100, 10, found));
+  EXPECT_EQ((std::vector<std::pair<double, double>>{{0, 100}}), spans(found)) << "not from -1 + epsilon";
+}
+
 TEST_F(Merge, NeighbouringStretchesOfOneSourceJoinOnlyWhereTheTrackAllowsIt)
 {
   const UniqueID_t id = platform("T", {0, 1, 2, 3, 4, 5, 6});

@@ -218,12 +218,7 @@ TEST_F(DecimatingPlatforms, TheCommandPassesOverStaticPlatformsAndStopsWhenCance
 {
   const UniqueID_t hawk = platform("Hawk", 10);
   const UniqueID_t heron = platform("Heron", 10);
-  PIData::PIPlatformHeader header;
-  header.name = "Site";
-  PIData::PIPlatformPoint fixed;
-  fixed.time = -1.0;
-  fixed.position = {0.5, -2.0, 0.0};
-  const UniqueID_t site = PIData::createPlatform(&header, &fixed);
+  const UniqueID_t site = createStaticPlatform("Site");
   ByPointDecimation byPoint;
   byPoint.setKeepEveryNumPoints(2);
   const std::size_t before = store.entityCount();

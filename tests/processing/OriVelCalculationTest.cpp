@@ -107,11 +107,7 @@ TEST_F(OriVel, TheDeltaMethodUsesHowEachPointWasReached)
   const UniqueID_t single = track({{0, 0}});
   EXPECT_EQ(1, PUCalculation::deltaOriVel(single, true, true, error));
   EXPECT_EQ("Not enough data points to perform calculation", error);
-  PIData::PIPlatformHeader header;
-  PIData::PIPlatformPoint fixed;
-  fixed.time = -1.0;
-  fixed.position = {LAT, LON, 0.0};
-  const UniqueID_t site = PIData::createPlatform(&header, &fixed);
+  const UniqueID_t site = createStaticPlatform("Site");
   EXPECT_EQ(1, PUCalculation::deltaOriVel(site, true, true, error));
   EXPECT_EQ("Cannot perform calculation on a static platform", error);
 }

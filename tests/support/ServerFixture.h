@@ -59,6 +59,17 @@ protected:
     return made;
   }
 
+  /// Makes a static platform: its one point, at time -1, stands at latitude 0.5 and longitude -2.0 (radians).
+  static UniqueID_t createStaticPlatform(const std::string& name)
+  {
+    PIData::PIPlatformHeader header;
+    header.name = name;
+    PIData::PIPlatformPoint fixed;
+    fixed.time = -1.0;
+    fixed.position = {0.5, -2.0, 0.0};
+    return PIData::createPlatform(&header, &fixed);
+  }
+
   QTemporaryDir dir;
   kelvor::ScenarioStore store;
   kelvor::HeadlessHostServices services;
