@@ -815,11 +815,13 @@ std::string ScenarioReader::target_(const Tokens& t)
   FileEntity* f = nullptr;
   Entity* targeted = nullptr;
   double time = 0;
+  // Target 0 is "no target from then on".
+  const bool none = t.size() > 3 && t[3] == "0";
   for (auto error : {entity_(t, 1, ScenarioVocabulary::ANY_ENTITY, e, f), time_(t, 2, time),
-                     entity_(t, 3, ScenarioVocabulary::ANY_ENTITY, targeted)})
+                     none ? std::string() : entity_(t, 3, ScenarioVocabulary::ANY_ENTITY, targeted)})
     if (!error.empty())
       return error;
-  place_(*f, TARGETS, e->targets, {time, targeted->id});
+  place_(*f, TARGETS, e->targets, {time, targeted ? targeted->id : UniqueID_t(0)});
   return std::string();
 }
 

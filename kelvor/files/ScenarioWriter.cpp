@@ -117,11 +117,12 @@ public:
   }
 
   // Targets name entities that may come later in the file, so they go after all entities.
+  // Target 0, "no target from then on", is written as 0, as is a target no longer in the scenario.
   void writeTargets(const Entity& e)
   {
     for (const auto& v : e.targets)
-      if (ids_.count(v.value))
-        out_ << "target " << fileId(e.id) << ' ' << num(v.time) << ' ' << fileId(v.value) << '\n';
+      out_ << "target " << fileId(e.id) << ' ' << num(v.time) << ' ' << (ids_.count(v.value) ? fileId(v.value) : "0")
+           << '\n';
   }
 
   std::string fileId(UniqueID_t id) const { return std::to_string(ids_.at(id)); }

@@ -96,4 +96,23 @@ void Entity::clearCommands()
   targets.clear();
 }
 
+bool Entity::retarget(UniqueID_t gone)
+{
+  std::vector<double> times;
+  for (const auto& target : targets)
+  {
+    if (target.value == gone)
+      times.push_back(target.time);
+  }
+  for (double time : times)
+    targets.insert({time, UniqueID_t(0)});
+  bool changed = !times.empty();
+  if (auto* beam = std::get_if<PIData::PIBeamHeader>(&header); beam && beam->targetId == gone)
+  {
+    beam->targetId = 0;
+    changed = true;
+  }
+  return changed;
+}
+
 } // namespace kelvor

@@ -90,6 +90,11 @@ struct Entity
   void clearPoints();
   /// Removes the colour, state and target commands.
   void clearCommands();
+  /**
+   * Makes the target commands and the target of a target beam that name an entity name none.
+   * @return whether anything changed
+   */
+  bool retarget(UniqueID_t gone);
 };
 
 } // namespace kelvor

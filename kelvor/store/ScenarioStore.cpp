@@ -63,7 +63,22 @@ bool ScenarioStore::removeEntity(UniqueID_t id)
       parent->children.erase(std::remove(parent->children.begin(), parent->children.end(), id), parent->children.end());
   }
   removeOne_(id);
+  forgetTargets_(id);
   return true;
+}
+
+void ScenarioStore::forgetTargets_(UniqueID_t removed)
+{
+  // What aimed at a removed entity aims at nothing from then on, so no command names an
+  // entity the scenario no longer has (and a save loses none of them).
+  std::set<UniqueID_t> changed;
+  for (auto& [id, entity] : entities_)
+  {
+    if (entity->retarget(removed))
+      changed.insert(id);
+  }
+  if (listener_ && !changed.empty())
+    listener_->dataChanged(changed);
 }
 
 void ScenarioStore::removeOne_(UniqueID_t id)

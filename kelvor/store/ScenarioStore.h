@@ -120,6 +120,8 @@ public:
 private:
   bool canHost_(UniqueID_t host, PIScenarioObjectType_t kind) const;
   void removeOne_(UniqueID_t id);
+  /// Points every target command and target beam that aimed at a removed entity at none.
+  void forgetTargets_(UniqueID_t removed);
 
   std::map<UniqueID_t, std::unique_ptr<Entity>> entities_;
   UniqueID_t nextId_ = 1;

@@ -232,6 +232,31 @@ TEST(ScenarioFile, SavingKeepsEveryOriginalIdSharedZeroAndHugeOnes)
   EXPECT_NE(std::string::npos, text.find("platform 1 \"Source\""));
 }
 
+TEST(ScenarioFile, NoTargetAndTheTargetOfARemovedEntitySurviveASave)
+{
+  // Targets 0 and those of removed entities were once left out of the file without a word.
+  ScenarioStore store;
+  store.properties().initialized = true;
+  PIData::PIBeamHeader radar;
+  radar.name = "Radar";
+  const UniqueID_t hawk = addPlatform(store, "Hawk", 1);
+  const UniqueID_t kite = addPlatform(store, "Kite", 2);
+  const UniqueID_t beam = store.createEntity(radar, hawk);
+  store.entity(beam)->targets.insert({1.0, kite});
+  store.entity(beam)->targets.insert({2.0, UniqueID_t(0)});
+  ScenarioStore back;
+  ASSERT_TRUE(readInto(back, writeToText(store)).ok());
+  const Entity& backBeam = *back.entity(back.entity(back.findPlatform("Hawk"))->children.at(0));
+  ASSERT_EQ(2u, backBeam.targets.size());
+  EXPECT_EQ(0u, backBeam.targets.back().value) << "no target from then on";
+
+  ASSERT_TRUE(store.removeEntity(kite));
+  EXPECT_EQ(0u, store.entity(beam)->targets.front().value) << "a removed entity is no one's target";
+  ScenarioStore again;
+  ASSERT_TRUE(readInto(again, writeToText(store)).ok());
+  EXPECT_EQ(2u, again.entity(again.entity(again.findPlatform("Hawk"))->children.at(0))->targets.size());
+}
+
 TEST(ScenarioFile, AnOriginalIdLineGivesTheIdApartFromTheKey)
 {
   ScenarioStore store;

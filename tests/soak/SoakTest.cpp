@@ -71,7 +71,6 @@ constexpr std::uint64_t DEFAULT_STEPS = 100;
 // A scenario grown past these, or left with fewer than two platforms, is made anew.
 constexpr std::size_t MOST_ENTITIES = 200;
 constexpr std::size_t MOST_POINTS = 30000;
-constexpr std::size_t LAGRANGIAN_WINDOW_DIVISOR = 3;
 
 std::uint64_t fromEnvironment(const char* name, std::uint64_t fallback)
 {
@@ -433,19 +432,10 @@ private:
 
   std::string deriveByLagrangian_()
   {
-    const auto candidates = somePlatforms_(1, 3);
+    const auto selection = somePlatforms_(1, 3);
+    // Windows up to and past a track's length: a track too short for its window is refused.
     const auto window = static_cast<std::size_t>(
       random_.chance(0.2) ? PUCalculation::MINIMUM_POINTS : random_.integer(PUCalculation::MINIMUM_POINTS, 40));
-    // The points it fits are those in the clock's span: a track too short for the window is
-    // refused, and a window may span at most a share of a longer one.
-    std::vector<EntityInfo> selection;
-    for (const EntityInfo& platform : candidates)
-    {
-      const std::size_t points =
-        store.entity(platform.id)->platformPoints.countRange(store.clock().begin(), store.clock().end());
-      if (points < window || points >= LAGRANGIAN_WINDOW_DIVISOR * window)
-        selection.push_back(platform);
-    }
     const bool orientation = random_.chance(0.7);
     const bool velocity = random_.chance(0.7);
     CalculateOriVelAction::calculate(selection, true, orientation, velocity, static_cast<unsigned int>(window));
