@@ -235,7 +235,8 @@ std::string ScenarioReader::time_(const Tokens& t, std::size_t i, double& value)
 {
   if (i >= t.size())
     return missing("TIME");
-  if (!NumberText::parse(t[i], value) || (value < 0.0 && value != -1.0))
+  // A time before the reference year is negative; only -1 itself stands for a static value.
+  if (!NumberText::parse(t[i], value) || !std::isfinite(value))
     return "bad time '" + t[i] + "': seconds since the reference year, or -1 for a static value";
   return std::string();
 }

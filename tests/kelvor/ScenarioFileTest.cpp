@@ -351,7 +351,7 @@ TEST(ScenarioFile, EachBadLineIsReportedAndTheRestLoads)
                            "pointt 1 0 0 0 0\n"          // 3 unknown command
                            "point 1 0 0.5\n"             // 4 missing field
                            "point 1 0 abc 0 0\n"         // 5 bad number
-                           "point 1 -5 0 0 0\n"          // 6 bad time
+                           "point 1 inf 0 0 0\n"         // 6 bad time
                            "point 9 0 0 0 0\n"           // 7 unknown entity
                            "platform 1 \"B\"\n"          // 8 duplicate id
                            "description \"open\n"        // 9 unterminated quote
@@ -366,7 +366,7 @@ TEST(ScenarioFile, EachBadLineIsReportedAndTheRestLoads)
     "test.kls:3: unknown command 'pointt'",
     "test.kls:4: missing field: expected LON",
     "test.kls:5: bad number 'abc' for LAT",
-    "test.kls:6: bad time '-5': seconds since the reference year, or -1 for a static value",
+    "test.kls:6: bad time 'inf': seconds since the reference year, or -1 for a static value",
     "test.kls:7: unknown entity id 9",
     "test.kls:8: duplicate id 1",
     "test.kls:9: unterminated quote",
@@ -377,6 +377,18 @@ TEST(ScenarioFile, EachBadLineIsReportedAndTheRestLoads)
   EXPECT_EQ(expected, report.errors);
   ASSERT_EQ(1u, store.list(PI_PLATFORM_TYPE).size());
   EXPECT_EQ(1u, store.entity(store.list(PI_PLATFORM_TYPE)[0])->platformPoints.size()) << "the good line loaded";
+}
+
+TEST(ScenarioFile, ATimeBeforeTheReferenceYearIsKept)
+{
+  // A clock that begins before the year lets commands add points there; a save must keep them.
+  ScenarioStore store;
+  const ReadReport report = readInto(store, "kelvor-scenario 1\nplatform 1 \"A\"\npoint 1 -10 0 0 0\npoint 1 -1 0 0 0\n");
+  ASSERT_TRUE(report.ok());
+  const Entity& a = *store.entity(store.list(PI_PLATFORM_TYPE)[0]);
+  ASSERT_EQ(2u, a.platformPoints.size());
+  EXPECT_EQ(-10.0, a.platformPoints.front().time);
+  EXPECT_EQ(-1.0, a.platformPoints.back().time) << "-1 itself is the static time";
 }
 
 TEST(ScenarioFile, RefusedFilesLeaveTheLoadedScenarioAlone)
