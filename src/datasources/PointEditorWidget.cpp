@@ -2,6 +2,7 @@
 
 #include "datasources/AvoidNoopEditsDelegate.h"
 #include "datasources/CategoryDataSource.h"
+#include "datasources/DataTableDataSource.h"
 #include "datasources/EntityDataModel.h"
 #include "datasources/EntityDataSourceProxy.h"
 #include "datasources/FilterWidget.h"
@@ -60,7 +61,8 @@ struct OfferedType
 };
 const OfferedType OFFERED_TYPES[] = {{PointEditorWidget::POINT_DATA, "Point Data"},
                                      {PointEditorWidget::CATEGORY_DATA, "Category Data"},
-                                     {PointEditorWidget::GENERIC_DATA, "Generic Data"}};
+                                     {PointEditorWidget::GENERIC_DATA, "Generic Data"},
+                                     {PointEditorWidget::DATA_TABLES, "Data Tables"}};
 
 /// Asks a question of the tab. \returns true for Yes; false for No, or when the tab went meanwhile
 bool askYes(QWidget* parent, const QString& title, const QString& text)
@@ -206,6 +208,14 @@ std::unique_ptr<DataSource> PointEditorWidget::makeSource_(int type)
       items = std::make_unique<GenericDataSource>(*formatter_);
     connect(&items->filterWidget(), &FilterWidget::currentKeyChanged, filter_, &KeySortFilter::setKey);
     return items;
+  }
+  if (type == DATA_TABLES)
+  {
+    // A change of the table shown restructures the model.
+    auto tables = std::make_unique<DataTableDataSource>(*formatter_);
+    connect(tables.get(), &DataTableDataSource::beginLayoutChanged, model_, &EntityDataModel::requestBeginResetModel);
+    connect(tables.get(), &DataTableDataSource::endLayoutChanged, model_, &EntityDataModel::requestEndResetModel);
+    return tables;
   }
   auto proxy = std::make_unique<EntityDataSourceProxy>(*formatter_, *units_);
   connect(proxy.get(), &EntityDataSourceProxy::selectedTimes, this, &PointEditorWidget::setSelectedTimes_);

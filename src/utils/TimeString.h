@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kelCore/TimeFormat.h"
+#include "host/UnitType.h"
 #include "utils/NumericBase.h"
 #include "utils/TimeFormatMatch.h"
 
@@ -96,5 +97,13 @@ int getYearFromTimeString(const std::string& text, int defaultYear);
 
 /// @return seconds since the start of a year of "DDD HH:MM:SS.sss"; throws kelCore::TimeException for any other text.
 double getSecondsFromJdayString(const std::string& text);
+
+/// @return the name of a time unit of a data table column ("Seconds", "Ordinal", ...); "unknown" for a unit that is no time
+std::string getTimeFormatString(UnitType_t units);
+/**
+ * @return the time unit of that name, as getTimeFormatString writes it; UNITS_NONE, with a
+ * warning to the notification stream, for a name that is none
+ */
+UnitType_t getTimeFormatValue(const std::string& text);
 
 } // namespace UTILS
