@@ -3,11 +3,14 @@
 #include "app/HostApplication.h"
 #include "store/ScenarioStore.h"
 #include "support/WhenShown.h"
+#include "files/ScenarioVocabulary.h"
+#include "store/DataTable.h"
 #include "ui/DataBrowser.h"
 #include "ui/GlobeWidget.h"
 #include "ui/MainWindow.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
@@ -257,4 +260,109 @@ TEST_F(ScenarioEditorEndToEnd, EditPointsFromTheDataBrowserThenApplyAndFenceOnTh
     selected.insert(index.data(Qt::UserRole).toDouble());
   EXPECT_EQ(inside, selected) << "exactly the rows whose points lie in the box";
   fence->click();
+}
+
+TEST_F(ScenarioEditorEndToEnd, ABeamCategoryGenericTagAndTableCellEditedAppliedSavedAndReopened)
+{
+  // An absolute beam on Eagle 1, whose pointing is data (the demo's own beam follows a target).
+  const UniqueID_t eagle = host->store().findPlatform("Eagle 1");
+  ASSERT_NE(0u, eagle);
+  PIData::PIBeamHeader header;
+  header.name = "Search Beam";
+  header.beamType = PIData::PI_BEAM_ABSOLUTE;
+  const UniqueID_t beam = host->store().createEntity(header, eagle);
+  for (double t : {100.0, 200.0})
+    host->store().entity(beam)->beamPoints.insert(PIData::PIBeamPoint{0.1, 0.0, 5000.0, t});
+
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  auto* tabs = editor->findChild<QTabWidget*>();
+  QWidget* pointEditor = nullptr;
+  for (int i = 0; i < tabs->count(); ++i)
+  {
+    if (tabs->tabText(i) == "Point Editor")
+      pointEditor = tabs->widget(i);
+  }
+  ASSERT_NE(nullptr, pointEditor);
+  tabs->setCurrentWidget(pointEditor);
+  QTreeView* entities = nullptr;
+  for (QWidget* child : editor->findChildren<QWidget*>())
+  {
+    if (QString(child->metaObject()->className()) == "kelQt::EntityTreeComposite")
+      entities = child->findChild<QTreeView*>("treeView");
+  }
+  ASSERT_NE(nullptr, entities);
+  auto* table = pointEditor->findChild<QTreeView*>("treeView");
+  auto* types = pointEditor->findChild<QComboBox*>("typeComboBox");
+  auto* apply = pointEditor->findChild<QPushButton*>("applyPushButton");
+  ASSERT_TRUE(table && types && apply);
+  const auto select = [&](const QString& name) {
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+      return !entities->model()->match(entities->model()->index(0, 0), Qt::DisplayRole, name, 1,
+                                       Qt::MatchExactly | Qt::MatchRecursive).isEmpty();
+    }, 10000)) << name.toStdString();
+    const QModelIndex row = entities->model()->match(entities->model()->index(0, 0), Qt::DisplayRole, name, 1,
+                                                     Qt::MatchExactly | Qt::MatchRecursive).front();
+    entities->selectionModel()->select(row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  };
+  const auto chooseType = [&](const QString& type) {
+    const int index = types->findText(type);
+    types->setCurrentIndex(index);
+    emit types->activated(index);
+  };
+  const auto editAndApply = [&](int column, const QString& key, const QString& text) {
+    // The row whose column 1 shows key (the first row when key is empty), then Apply.
+    QAbstractItemModel& rows = *table->model();
+    int row = 0;
+    for (int r = 0; !key.isEmpty() && r < rows.rowCount(); ++r)
+    {
+      if (rows.index(r, 1).data().toString() == key)
+        row = r;
+    }
+    ASSERT_TRUE(rows.setData(rows.index(row, column), text)) << text.toStdString();
+    ASSERT_TRUE(apply->isEnabled());
+    apply->click();
+  };
+
+  select("Search Beam");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 2; }, 10000));
+  editAndApply(1, QString(), "45");
+  select("Eagle 1");
+  chooseType("Category Data");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 3; }, 10000));
+  editAndApply(2, "Side", "Green");
+  chooseType("Generic Data");
+  editAndApply(2, "Note", "bingo fuel");
+  chooseType("Data Tables");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() > 0; }, 10000));
+  editAndApply(1, QString(), "1234.5");
+
+  // Saved, and opened again.
+  const QString saved = dir.filePath("edited.kls");
+  ASSERT_TRUE(host->window().saveAs(saved));
+  ASSERT_TRUE(host->window().openFile(saved));
+  kelvor::ScenarioStore& store = host->store();
+  const UniqueID_t reopened = store.findPlatform("Eagle 1");
+  ASSERT_NE(0u, reopened);
+  const kelvor::Entity& platform = *store.entity(reopened);
+  UniqueID_t searchBeam = 0;
+  for (UniqueID_t child : platform.children)
+  {
+    if (nameOfHeader(store.entity(child)->header) == "Search Beam")
+      searchBeam = child;
+  }
+  ASSERT_NE(0u, searchBeam);
+  EXPECT_NEAR(45.0 * M_PI / 180.0, store.entity(searchBeam)->beamPoints.front().azimuth, 1e-9);
+  bool green = false;
+  for (const auto& category : platform.categories)
+    green = green || (category.name == "Side" && category.value == "Green");
+  EXPECT_TRUE(green) << "the category value";
+  bool note = false;
+  for (const auto& item : platform.generic)
+    note = note || (item.tag == "Note" && item.value == "bingo fuel" && item.expiration == 30.0);
+  EXPECT_TRUE(note) << "the generic tag, its expiration kept";
+  ASSERT_FALSE(platform.tables.empty());
+  const kelvor::DataTable& fuel = *store.table(platform.tables.front());
+  const std::string firstRow = kelvor::ScenarioVocabulary::formatCells(fuel, fuel.rows().begin()->second);
+  EXPECT_NE(std::string::npos, firstRow.find("1234.5")) << firstRow;
 }
