@@ -1,6 +1,7 @@
 // The Point Editor tab over a platform of 1,000,000 points through the real server: the table
 // shown from the selection of the entity, sorted by another column, one cell edited and
-// applied; and the memory the scratch copy and the view take a row.
+// applied; and the memory the scratch copy and the view take a row. Also a beam of a million
+// points and a data table of 100,000 rows of ten columns, each shown and one edit applied.
 #include "BenchHost.h"
 #include "datasources/EntityDataModel.h"
 #include "datasources/PointEditorWidget.h"
@@ -12,6 +13,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
@@ -136,6 +138,130 @@ void BM_EditOneCellAndApply(benchmark::State& state)
   }
 }
 BENCHMARK(BM_EditOneCellAndApply)->Unit(benchmark::kMillisecond)->Iterations(2);
+
+/// A beam of a million points on a platform, and a table of 100,000 rows of ten double columns.
+struct ChildHost : BenchHost
+{
+  ChildHost()
+  {
+    PIData::initializeScenario();
+    PIData::PIPlatformHeader header;
+    header.name = "Carrier";
+    PIData::PIPlatformPoint first;
+    first.time = 0.0;
+    first.position = {0.6, -2.0, 0.0};
+    platform = PIData::createPlatform(&header, &first);
+    PIData::PIBeamHeader beamHeader;
+    beamHeader.name = "Search";
+    beamHeader.beamType = PIData::PI_BEAM_ABSOLUTE;
+    beam = PIData::createBeam(platform, &beamHeader, nullptr, true);
+    for (int i = 0; i < POINTS; ++i)
+    {
+      const PIData::PIBeamPoint point{1e-6 * i, 0.1, 5000.0, 0.1 * i};
+      PIData::addDataPoint(beam, &point);
+    }
+    std::vector<std::string> names;
+    std::vector<UTILS::VariableType_t> types;
+    for (int c = 0; c < TABLE_COLUMNS; ++c)
+    {
+      names.push_back("Column " + std::to_string(c));
+      types.push_back(UTILS::VT_DOUBLE);
+    }
+    PIData::addDataTable(platform, "Telemetry", &names, &types, &table);
+    std::vector<long> columns;
+    PIData::getDataTableColumns(table, &columns);
+    for (int r = 0; r < TABLE_ROWS; ++r)
+    {
+      PIData::DataTableRowT row(0.1 * r);
+      for (long column : columns)
+        row.setCellValue(static_cast<unsigned long>(column), 0.5 * r + column);
+      PIData::addDataTableRow(table, row);
+    }
+  }
+  static constexpr int TABLE_ROWS = 100000;
+  static constexpr int TABLE_COLUMNS = 10;
+  UniqueID_t platform = 0;
+  UniqueID_t beam = 0;
+  long table = 0;
+};
+
+/// The tab over a ChildHost, showing an entity as a type of data.
+struct ChildEditor
+{
+  ChildEditor()
+  {
+    model.forceRefresh();
+    composite.setModel(&model);
+    tab = std::make_unique<QtSep::PointEditorWidget>(composite);
+    tab->resize(1200, 800);
+    tab->show();
+    tab->setTabActive(true);
+    QApplication::processEvents();
+  }
+  void show(UniqueID_t id, int rows)
+  {
+    composite.setSelected(id);
+    if (!QTest::qWaitFor([this, rows] { return tab->model().rowCount() == rows; }, 60000))
+      std::abort();
+    tab->ui().treeView->viewport()->repaint();
+  }
+  void chooseType(int type)
+  {
+    QComboBox& types = *tab->ui().typeComboBox;
+    types.setCurrentIndex(types.findData(type));
+    emit types.activated(types.currentIndex());
+  }
+  PluginUtils::EntityTreeModel model;
+  kelQt::EntityTreeComposite composite;
+  std::unique_ptr<QtSep::PointEditorWidget> tab;
+};
+
+void BM_ShowAMillionPointBeam(benchmark::State& state)
+{
+  ChildHost host;
+  for (auto _ : state)
+  {
+    state.PauseTiming();
+    ChildEditor editor;
+    state.ResumeTiming();
+    editor.show(host.beam, POINTS);
+  }
+}
+BENCHMARK(BM_ShowAMillionPointBeam)->Unit(benchmark::kMillisecond)->Iterations(2);
+
+void BM_ApplyOneEditToAMillionPointBeam(benchmark::State& state)
+{
+  ChildHost host;
+  ChildEditor editor;
+  editor.show(host.beam, POINTS);
+  QAbstractItemModel& shown = *editor.tab->ui().treeView->model();
+  int edit = 0;
+  for (auto _ : state)
+  {
+    shown.setData(shown.index(500000, 3), QString::number(6000 + edit++));
+    editor.tab->ui().applyPushButton->click();
+    editor.tab->ui().treeView->viewport()->repaint();
+  }
+}
+BENCHMARK(BM_ApplyOneEditToAMillionPointBeam)->Unit(benchmark::kMillisecond)->Iterations(2);
+
+void BM_ShowATableOfAHundredThousandRowsAndApplyOneEdit(benchmark::State& state)
+{
+  ChildHost host;
+  for (auto _ : state)
+  {
+    state.PauseTiming();
+    ChildEditor editor;
+    editor.chooseType(QtSep::PointEditorWidget::DATA_TABLES);
+    state.ResumeTiming();
+    editor.show(host.platform, ChildHost::TABLE_ROWS);
+    QAbstractItemModel& shown = *editor.tab->ui().treeView->model();
+    shown.setData(shown.index(50000, 5), "42.5");
+    editor.tab->ui().applyPushButton->click();
+    editor.tab->ui().treeView->viewport()->repaint();
+  }
+}
+BENCHMARK(BM_ShowATableOfAHundredThousandRowsAndApplyOneEdit)->Unit(benchmark::kMillisecond)->Iterations(2);
 
 } // namespace
 
