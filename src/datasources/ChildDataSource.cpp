@@ -1,5 +1,6 @@
 #include "datasources/ChildDataSource.h"
 
+#include "datasources/RowRules.h"
 #include "host/PIDataClock.h"
 #include "host/PIDataEntities.h"
 #include "host/PIDataPoints.h"
@@ -361,56 +362,21 @@ int ChildDataSource::revert(int row, int column)
     setSeriesValid_(entry.edited, series, validRead);
     entry.edited.cells[column - 1] = entry.asRead.cells[column - 1];
   }
-  rescanDirty_();
-  return 0;
-}
-
-void ChildDataSource::rescanDirty_()
-{
   // Added and deleted rows leave no dirty cell, as for platform points.
-  for (int row = 0; row < rowCount(); ++row)
-  {
-    for (int column = 0; column < columnCount(); ++column)
-    {
-      if (isDirty(row, column))
-        return;
-    }
-  }
-  dirty_ = false;
+  if (!hasDirtyCell_())
+    dirty_ = false;
+  return 0;
 }
 
 void ChildDataSource::deleteRows(const std::vector<int>& rows)
 {
-  int lastDeleted = rowCount();
-  for (auto it = rows.rbegin(); it != rows.rend(); ++it)
-  {
-    const int row = *it;
-    if (row < 0 || row >= rowCount() || row >= lastDeleted)
-      continue;
-    rows_.erase(rows_.begin() + row);
-    lastDeleted = row;
+  if (RowRules::deleteRows(rows_, rows, [](const Entry&) {}))
     dirty_ = true;
-  }
 }
 
-int ChildDataSource::moveRow(int from, int to)
-{
-  if (from == to || !inRange_(from))
-    return 1;
-  const Entry moved = rows_[from];
-  rows_.erase(rows_.begin() + from);
-  if (from < to)
-    --to;
-  rows_.insert(rows_.begin() + std::clamp(to, 0, rowCount()), moved);
-  return 0;
-}
+int ChildDataSource::moveRow(int from, int to) { return RowRules::moveRow(rows_, from, to); }
 
-int ChildDataSource::getCopyDestination(int row) const
-{
-  if (rows_.empty())
-    return 0;
-  return inRange_(row) ? row + 1 : rowCount();
-}
+int ChildDataSource::getCopyDestination(int row) const { return RowRules::copyDestination(rows_, row); }
 
 void ChildDataSource::copyRow(int row, int destination)
 {

@@ -145,7 +145,6 @@ private:
   void setSeriesValid_(Values& row, int series, bool valid) const;
   QVariant display_(const ColumnSpec& spec, double value) const;
   QVariant raw_(const ColumnSpec& spec, double value) const;
-  void rescanDirty_();
 
   const kelCore::UnitContextFormatter& formatter_;
   std::vector<ColumnSpec> columns_;

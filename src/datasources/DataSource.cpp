@@ -217,6 +217,19 @@ bool DataSource::areEqual_(bool validA, bool a, bool validB, bool b)
   return validA == validB && (!validA || a == b);
 }
 
+bool DataSource::hasDirtyCell_() const
+{
+  for (int row = 0; row < rowCount(); ++row)
+  {
+    for (int column = 0; column < columnCount(); ++column)
+    {
+      if (isDirty(row, column))
+        return true;
+    }
+  }
+  return false;
+}
+
 std::string DataSource::nameFromId_(unsigned long id, PIScenarioObjectType_t type)
 {
   std::string name;

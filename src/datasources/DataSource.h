@@ -135,6 +135,9 @@ protected:
   static bool areEqual_(bool validA, unsigned long a, bool validB, unsigned long b);
   static bool areEqual_(bool validA, bool a, bool validB, bool b);
 
+  /// @return whether any cell differs from its value as read (added and deleted rows aside)
+  bool hasDirtyCell_() const;
+
   /// @return the entity's name from its header, "N/A" for a kind without one or a failed read
   static std::string nameFromId_(unsigned long id, PIScenarioObjectType_t type);
   /// @return the entity's alias when it shows one, else its name

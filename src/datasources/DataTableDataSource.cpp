@@ -1,5 +1,6 @@
 #include "datasources/DataTableDataSource.h"
 
+#include "datasources/RowRules.h"
 #include "host/Blob.h"
 #include "host/PIDataEntities.h"
 #include "host/PIDataPoints.h"
@@ -410,15 +411,8 @@ int DataTableDataSource::revert(int row, int column)
     const PIData::DataTableCell* read = entry.asRead.findCell(id);
     entry.edited.setCell(id, read ? read->clone() : nullptr);
   }
-  for (int r = 0; r < rowCount(); ++r)
-  {
-    for (int c = 0; c < columnCount(); ++c)
-    {
-      if (isDirty(r, c))
-        return 0;
-    }
-  }
-  clearDirty_();
+  if (!hasDirtyCell_())
+    clearDirty_();
   return 0;
 }
 
@@ -427,32 +421,12 @@ void DataTableDataSource::deleteRows(const std::vector<int>& rows)
   setDirty_();
   std::vector<int> sorted(rows);
   std::sort(sorted.begin(), sorted.end());
-  sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
-  for (auto it = sorted.rbegin(); it != sorted.rend(); ++it)
-  {
-    if (inRange_(*it))
-      rows_.erase(rows_.begin() + *it);
-  }
+  RowRules::deleteRows(rows_, sorted, [](const Entry&) {});
 }
 
-int DataTableDataSource::moveRow(int from, int to)
-{
-  if (from == to || !inRange_(from))
-    return 1;
-  Entry moved = std::move(rows_[from]);
-  rows_.erase(rows_.begin() + from);
-  if (from < to)
-    --to;
-  rows_.insert(rows_.begin() + std::clamp(to, 0, rowCount()), std::move(moved));
-  return 0;
-}
+int DataTableDataSource::moveRow(int from, int to) { return RowRules::moveRow(rows_, from, to); }
 
-int DataTableDataSource::getCopyDestination(int row) const
-{
-  if (rows_.empty())
-    return 0;
-  return inRange_(row) ? row + 1 : rowCount();
-}
+int DataTableDataSource::getCopyDestination(int row) const { return RowRules::copyDestination(rows_, row); }
 
 void DataTableDataSource::copyRow(int row, int destination)
 {

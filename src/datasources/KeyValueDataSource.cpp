@@ -1,6 +1,7 @@
 #include "datasources/KeyValueDataSource.h"
 
 #include "datasources/FilterWidget.h"
+#include "datasources/RowRules.h"
 #include "host/PIDataClock.h"
 #include "units/UnitContextFormatter.h"
 
@@ -135,57 +136,21 @@ int KeyValueDataSource::revert(int row, int column)
     break;
   default: entry.edited.value = entry.asRead.value; break;
   }
-  rescanDirty_();
-  return 0;
-}
-
-void KeyValueDataSource::rescanDirty_()
-{
   // Added and deleted rows leave no dirty cell, as for platform points.
-  for (int row = 0; row < rowCount(); ++row)
-  {
-    for (int column = 0; column < columnCount(); ++column)
-    {
-      if (isDirty(row, column))
-        return;
-    }
-  }
-  dirty_ = false;
+  if (!hasDirtyCell_())
+    dirty_ = false;
+  return 0;
 }
 
 void KeyValueDataSource::deleteRows(const std::vector<int>& rows)
 {
-  int lastDeleted = rowCount();
-  for (auto it = rows.rbegin(); it != rows.rend(); ++it)
-  {
-    const int row = *it;
-    if (row < 0 || row >= rowCount() || row >= lastDeleted)
-      continue;
-    filter_->removeKey(rows_[row].edited.key);
-    rows_.erase(rows_.begin() + row);
-    lastDeleted = row;
+  if (RowRules::deleteRows(rows_, rows, [this](const Entry& entry) { filter_->removeKey(entry.edited.key); }))
     dirty_ = true;
-  }
 }
 
-int KeyValueDataSource::moveRow(int from, int to)
-{
-  if (from == to || !inRange_(from))
-    return 1;
-  const Entry moved = rows_[from];
-  rows_.erase(rows_.begin() + from);
-  if (from < to)
-    --to;
-  rows_.insert(rows_.begin() + std::clamp(to, 0, rowCount()), moved);
-  return 0;
-}
+int KeyValueDataSource::moveRow(int from, int to) { return RowRules::moveRow(rows_, from, to); }
 
-int KeyValueDataSource::getCopyDestination(int row) const
-{
-  if (rows_.empty())
-    return 0;
-  return inRange_(row) ? row + 1 : rowCount();
-}
+int KeyValueDataSource::getCopyDestination(int row) const { return RowRules::copyDestination(rows_, row); }
 
 void KeyValueDataSource::copyRow(int row, int destination)
 {

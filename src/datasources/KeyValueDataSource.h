@@ -95,8 +95,6 @@ private:
   };
 
   bool inRange_(int row) const { return row >= 0 && row < rowCount(); }
-  /// Clears the entity's flag when no cell differs from its value as read.
-  void rescanDirty_();
 
   const kelCore::UnitContextFormatter& formatter_;
   const char* keyTitle_;

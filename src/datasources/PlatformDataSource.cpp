@@ -1,6 +1,7 @@
 #include "datasources/PlatformDataSource.h"
 
 #include "datasources/FenceSelectionWidget.h"
+#include "datasources/RowRules.h"
 #include "host/PIDataClock.h"
 #include "host/PIDataPoints.h"
 #include "host/PIDataScenario.h"
@@ -455,15 +456,8 @@ int PlatformDataSource::revert(int row, int column)
   }
   // Added and deleted rows leave no dirty cell: reverting the last dirty cell ends the
   // entity's dirty state although rows have changed.
-  for (int r = 0; r < rowCount(); ++r)
-  {
-    for (int c = 0; c < columnCount(); ++c)
-    {
-      if (isDirty(r, c))
-        return 0;
-    }
-  }
-  dirty_ = false;
+  if (!hasDirtyCell_())
+    dirty_ = false;
   return 0;
 }
 
@@ -478,37 +472,13 @@ bool PlatformDataSource::isColumnEditable(int column) const
 
 void PlatformDataSource::deleteRows(const std::vector<int>& rows)
 {
-  int lastDeleted = rowCount();
-  for (auto it = rows.rbegin(); it != rows.rend(); ++it)
-  {
-    const int row = *it;
-    if (row < 0 || row >= rowCount() || row >= lastDeleted)
-      continue;
-    rows_.erase(rows_.begin() + row);
-    lastDeleted = row;
+  if (RowRules::deleteRows(rows_, rows, [](const Entry&) {}))
     dirty_ = true;
-  }
 }
 
-int PlatformDataSource::moveRow(int from, int to)
-{
-  if (from == to || !inRange_(from))
-    return 1;
-  const Entry moved = rows_[from];
-  rows_.erase(rows_.begin() + from);
-  if (from < to)
-    --to;
-  to = std::clamp(to, 0, rowCount());
-  rows_.insert(rows_.begin() + to, moved);
-  return 0;
-}
+int PlatformDataSource::moveRow(int from, int to) { return RowRules::moveRow(rows_, from, to); }
 
-int PlatformDataSource::getCopyDestination(int row) const
-{
-  if (rows_.empty())
-    return 0;
-  return inRange_(row) ? row + 1 : rowCount();
-}
+int PlatformDataSource::getCopyDestination(int row) const { return RowRules::copyDestination(rows_, row); }
 
 void PlatformDataSource::copyRow(int row, int destination)
 {
