@@ -15,6 +15,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <sstream>
+#include <type_traits>
 
 namespace QtSep
 {
@@ -244,58 +245,44 @@ int ChildDataSource::setData(int row, int column, const QVariant& value)
   if (!spec)
     return 1;
   if (value.userType() == QMetaType::QString)
-    return setText_(edited, column - 1, *spec, value.toString().toUtf8().toStdString());
-  return setTyped_(edited, column - 1, *spec, value);
+    return setCell_(edited, column - 1, *spec, value.toString().toUtf8().toStdString());
+  return setCell_(edited, column - 1, *spec, value);
 }
 
-int ChildDataSource::setText_(Values& row, int cell, const ColumnSpec& spec, const std::string& text)
+template <typename Input>
+int ChildDataSource::setCell_(Values& row, int cell, const ColumnSpec& spec, const Input& input)
 {
-  const kelCore::UnitContext& units = formatter_.unitContext();
+  // Text comes from the table, in the user's units; a typed value comes from a paste, as stored.
+  constexpr bool TEXT = std::is_same_v<Input, std::string>;
   bool valid = row.has(spec.series);
   int status = 1;
   double number = 0.0;
+  const auto into = [&](auto typed, auto set) {
+    status = set(typed);
+    number = static_cast<double>(typed);
+  };
   switch (spec.kind)
   {
-  case Kind::ANGLE: status = setDouble_(text, number, valid, dirty_, units.angleUnits(), kelCore::Units::RADIANS); break;
-  case Kind::DISTANCE:
-  case Kind::RANGE: status = setDouble_(text, number, valid, dirty_, units.distanceUnits(), kelCore::Units::METERS); break;
-  case Kind::COLOR: {
-    unsigned int color = 0;
-    status = setColor_(text, color, valid, dirty_);
-    number = color;
-    break;
-  }
-  case Kind::STATE: {
-    bool on = false;
-    status = setBoolean_(text, on, valid, dirty_);
-    number = on ? 1.0 : 0.0;
-    break;
-  }
-  case Kind::TARGET: {
-    unsigned long target = 0;
-    status = setTarget_(text, target, valid, dirty_);
-    number = static_cast<double>(target);
-    break;
-  }
-  case Kind::INTEGER: {
-    int whole = 0;
-    status = setInteger_(text, whole, valid, dirty_);
-    number = whole;
-    break;
-  }
+  case Kind::COLOR: into(0U, [&](unsigned int& v) { return setColor_(input, v, valid, dirty_); }); break;
+  case Kind::STATE: into(false, [&](bool& v) { return setBoolean_(input, v, valid, dirty_); }); break;
+  case Kind::TARGET: into(0UL, [&](unsigned long& v) { return setTarget_(input, v, valid, dirty_); }); break;
+  case Kind::INTEGER: into(0, [&](int& v) { return setInteger_(input, v, valid, dirty_); }); break;
   case Kind::STIPPLE:
-    if (text.empty())
+    if constexpr (TEXT)
+      status = setStipple_(input, number, valid);
+    else
+      into(0, [&](int& v) { return setInteger_(input, v, valid, dirty_); });
+    break;
+  default:
+    if constexpr (TEXT)
     {
-      valid = false;
-      dirty_ = true;
-      status = 0;
+      const kelCore::UnitContext& units = formatter_.unitContext();
+      const bool angle = spec.kind == Kind::ANGLE;
+      status = setDouble_(input, number, valid, dirty_, angle ? units.angleUnits() : units.distanceUnits(),
+                          angle ? kelCore::Units::RADIANS : kelCore::Units::METERS);
     }
-    else if (parseStipple(text, number))
-    {
-      valid = true;
-      dirty_ = true;
-      status = 0;
-    }
+    else
+      status = setDouble_(input, number, valid, dirty_);
     break;
   }
   if (status != 0)
@@ -306,45 +293,15 @@ int ChildDataSource::setText_(Values& row, int cell, const ColumnSpec& spec, con
   return 0;
 }
 
-int ChildDataSource::setTyped_(Values& row, int cell, const ColumnSpec& spec, const QVariant& value)
+int ChildDataSource::setStipple_(const std::string& text, double& out, bool& valid)
 {
-  bool valid = row.has(spec.series);
-  int status = 1;
-  double number = 0.0;
-  switch (spec.kind)
-  {
-  case Kind::COLOR: {
-    unsigned int color = 0;
-    status = setColor_(value, color, valid, dirty_);
-    number = color;
-    break;
-  }
-  case Kind::STATE: {
-    bool on = false;
-    status = setBoolean_(value, on, valid, dirty_);
-    number = on ? 1.0 : 0.0;
-    break;
-  }
-  case Kind::TARGET: {
-    unsigned long target = 0;
-    status = setTarget_(value, target, valid, dirty_);
-    number = static_cast<double>(target);
-    break;
-  }
-  case Kind::INTEGER:
-  case Kind::STIPPLE: {
-    int whole = 0;
-    status = setInteger_(value, whole, valid, dirty_);
-    number = whole;
-    break;
-  }
-  default: status = setDouble_(value, number, valid, dirty_); break;
-  }
-  if (status != 0)
+  if (text.empty())
+    valid = false;
+  else if (parseStipple(text, out))
+    valid = true;
+  else
     return 1;
-  setSeriesValid_(row, spec.series, valid);
-  if (valid)
-    row.cells[cell] = number;
+  dirty_ = true;
   return 0;
 }
 

@@ -138,9 +138,14 @@ private:
 
   bool inRange_(int row) const { return row >= 0 && row < rowCount(); }
   const ColumnSpec* spec_(int column) const;
-  /// Parses text into a cell; the cell's series becomes valid, or invalid for empty text.
-  int setText_(Values& row, int cell, const ColumnSpec& spec, const std::string& text);
-  int setTyped_(Values& row, int cell, const ColumnSpec& spec, const QVariant& value);
+  /**
+   * Puts text (in the user's units) or a typed value (as stored) into a cell; the cell's series
+   * becomes valid, or invalid for empty text or a null value. @return 0, or 1 when refused
+   */
+  template <typename Input>
+  int setCell_(Values& row, int cell, const ColumnSpec& spec, const Input& input);
+  /// Reads a 16-bit line pattern, "0x" hexadecimal or decimal; empty text clears it.
+  int setStipple_(const std::string& text, double& out, bool& valid);
   /// Marks a series as holding an entry or not; a series that begins to hold one starts at zero.
   void setSeriesValid_(Values& row, int series, bool valid) const;
   QVariant display_(const ColumnSpec& spec, double value) const;
