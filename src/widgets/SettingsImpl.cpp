@@ -1,5 +1,6 @@
 #include "widgets/SettingsImpl.h"
 
+#include "widgets/IniSettingsStorage.h"
 #include "widgets/SettingsMemento.h"
 
 #include <QMainWindow>
@@ -31,13 +32,26 @@ bool eraseObserver(std::vector<Settings::ObserverPtr>& list, const Settings::Obs
 
 } // namespace
 
-SettingsImpl::SettingsImpl(const QString& iniFileName) : file_(std::make_unique<QSettings>(iniFileName, QSettings::IniFormat))
+SettingsImpl::SettingsImpl(const QString& iniFileName) : SettingsImpl(std::make_unique<IniSettingsStorage>(iniFileName)) {}
+
+SettingsImpl::SettingsImpl(std::unique_ptr<SettingsStorage> storage) : storage_(std::move(storage))
 {
-  for (const QString& key : file_->allKeys())
-    values_[key] = file_->value(key);
+  values_ = storage_->readAll();
 }
 
-SettingsImpl::~SettingsImpl() { file_->sync(); }
+SettingsImpl::~SettingsImpl() { storage_->flush(); }
+
+bool SettingsImpl::fetch_(const QString& name) const
+{
+  if (values_.contains(name))
+    return true;
+  // A store that cannot list its names is asked for each one when first wanted.
+  QVariant stored;
+  if (!storage_->read(name, stored))
+    return false;
+  values_[name] = stored;
+  return true;
+}
 
 void SettingsImpl::setValue(const QString& name, const QVariant& value) { store_(name, value, nullptr); }
 
@@ -51,9 +65,8 @@ void SettingsImpl::setValue(const QString& name, const QVariant& value, Observer
 
 QVariant SettingsImpl::value(const QString& name) const
 {
-  auto it = values_.find(name);
-  if (it != values_.end())
-    return typed_(name, it.value());
+  if (fetch_(name))
+    return typed_(name, values_.value(name));
   // A name without a value reads as its default.
   auto meta = metaData_.find(name);
   return meta == metaData_.end() ? QVariant() : meta.value().defaultValue();
@@ -62,7 +75,7 @@ QVariant SettingsImpl::value(const QString& name) const
 QVariant SettingsImpl::value(const QString& name, const MetaData& metaData)
 {
   metaData_[name] = metaData;
-  if (!values_.contains(name))
+  if (!fetch_(name))
     store_(name, metaData.defaultValue(), nullptr);
   return value(name);
 }
@@ -79,7 +92,7 @@ QVariant SettingsImpl::value(const QString& name, const MetaData& metaData, Obse
   return value(name, metaData);
 }
 
-bool SettingsImpl::contains(const QString& name) const { return values_.contains(name); }
+bool SettingsImpl::contains(const QString& name) const { return fetch_(name); }
 
 int SettingsImpl::setMetaData(const QString& name, const MetaData& metaData)
 {
@@ -121,15 +134,15 @@ int SettingsImpl::removeObserver(const QString& name, ObserverPtr observer)
 void SettingsImpl::clear()
 {
   values_.clear();
-  file_->clear();
-  file_->sync();
+  storage_->eraseAll();
 }
 
 void SettingsImpl::remove(const QString& name)
 {
-  if (values_.remove(name) == 0)
+  if (!fetch_(name))
     return;
-  file_->remove(name);
+  values_.remove(name);
+  storage_->erase(name);
   notify_(name, value(name), nullptr);
 }
 
@@ -179,7 +192,7 @@ void SettingsImpl::loadWidget(QWidget* widget)
 
 QStringList SettingsImpl::allNames() const { return values_.keys(); }
 
-QString SettingsImpl::fileName() const { return file_->fileName(); }
+QString SettingsImpl::fileName() const { return storage_->location(); }
 
 std::shared_ptr<Settings::Memento> SettingsImpl::createMemento() const
 {
@@ -188,11 +201,12 @@ std::shared_ptr<Settings::Memento> SettingsImpl::createMemento() const
 
 void SettingsImpl::store_(const QString& name, const QVariant& value, const ObserverPtr& skip)
 {
+  fetch_(name);
   auto it = values_.find(name);
   if (it != values_.end() && typed_(name, it.value()) == typed_(name, value))
     return;
   values_[name] = value;
-  file_->setValue(name, value);
+  storage_->write(name, value);
   notify_(name, value, skip);
 }
 

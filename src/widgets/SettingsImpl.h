@@ -1,13 +1,13 @@
 #pragma once
 
 #include "widgets/Settings.h"
+#include "widgets/SettingsStorage.h"
 
 #include <QMap>
 
 #include <memory>
 #include <vector>
 
-class QSettings;
 
 namespace kelQt
 {
@@ -21,6 +21,8 @@ class SettingsImpl : public Settings
 public:
   /// @param iniFileName the file the values persist in; it is read at once
   explicit SettingsImpl(const QString& iniFileName);
+  /// @param storage where the values persist; what it can list is read at once
+  explicit SettingsImpl(std::unique_ptr<SettingsStorage> storage);
   ~SettingsImpl() override;
 
   void setValue(const QString& name, const QVariant& value) override;
@@ -48,12 +50,14 @@ public:
   std::shared_ptr<Memento> createMemento() const override;
 
 private:
+  /// Brings a stored value into the cache. @return whether the name has a value
+  bool fetch_(const QString& name) const;
   void store_(const QString& name, const QVariant& value, const ObserverPtr& skip);
   void notify_(const QString& name, const QVariant& value, const ObserverPtr& skip) const;
   QVariant typed_(const QString& name, const QVariant& stored) const;
 
-  std::unique_ptr<QSettings> file_;
-  QMap<QString, QVariant> values_;
+  std::unique_ptr<SettingsStorage> storage_;
+  mutable QMap<QString, QVariant> values_; ///< the values read so far and written
   QMap<QString, MetaData> metaData_;
   std::vector<ObserverPtr> observers_;
   QMap<QString, std::vector<ObserverPtr>> nameObservers_;
