@@ -10,6 +10,7 @@
 #include "actions/DeleteScenarioAction.h"
 #include "actions/ExtendLifeAction.h"
 #include "actions/GogExportAction.h"
+#include "actions/MakeStationaryAction.h"
 #include "actions/MergeAction.h"
 #include "actions/RemoveDuplicatePointsAction.h"
 #include "actions/RenameAction.h"
@@ -41,6 +42,7 @@ ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
   actions_.push_back(std::make_unique<DeleteScenarioAction>(parent));
   actions_.push_back(std::make_unique<ExtendLifeAction>(parent));
   actions_.push_back(std::make_unique<GogExportAction>(parent));
+  actions_.push_back(std::make_unique<MakeStationaryAction>(parent));
   actions_.push_back(std::make_unique<MergeAction>(parent));
   actions_.push_back(std::make_unique<RemoveDuplicatePointsAction>(parent));
   actions_.push_back(std::make_unique<RenameAction>(parent));

@@ -1,6 +1,7 @@
 #include "plugin/MainDialog.h"
 
 #include "host/ServiceClient.h"
+#include "actions/MakeStationaryWidget.h"
 #include "datasources/PointEditorWidget.h"
 #include "merge/AutomaticMergeWidget.h"
 #include "plugin/ActionManager.h"
@@ -36,6 +37,7 @@ namespace
 {
 
 const char* const AUTO_MERGE_TAB = "Auto Merge";
+const char* const MAKE_STATIONARY_TAB = "Make Stationary";
 const char* const MISCELLANEOUS_TAB = "Miscellaneous";
 // The tree takes about a third of the window at first.
 const int TREE_WIDTH = 300;
@@ -106,6 +108,7 @@ void MainDialog::buildTree_()
 void MainDialog::buildTabs_()
 {
   addTab(new AutomaticMergeWidget, AUTO_MERGE_TAB);
+  addTab(new MakeStationaryWidget, MAKE_STATIONARY_TAB);
   pointEditor_ = new PointEditorWidget(*entityTreeComposite_);
   addTab(pointEditor_, POINT_EDITOR_TAB);
   auto* miscellaneous = new MiscellaneousWidget;
@@ -115,7 +118,7 @@ void MainDialog::buildTabs_()
 
 QStringList MainDialog::tabTitles()
 {
-  return {AUTO_MERGE_TAB, POINT_EDITOR_TAB, MISCELLANEOUS_TAB};
+  return {AUTO_MERGE_TAB, MAKE_STATIONARY_TAB, POINT_EDITOR_TAB, MISCELLANEOUS_TAB};
 }
 
 void MainDialog::addTab(TabWidget* tab, const QString& title)

@@ -129,7 +129,9 @@ TEST_F(ScenarioEditorEndToEnd, RemoveDuplicatePointsFromTheEditorsTreeMenu)
   QWidget* composite = nullptr;
   for (QWidget* child : editor->findChildren<QWidget*>())
   {
-    if (QString(child->metaObject()->className()) == "kelQt::EntityTreeComposite")
+    // The window's own; the Make Stationary tab has another, of its name.
+    if (QString(child->metaObject()->className()) == "kelQt::EntityTreeComposite" &&
+        child->objectName() != "entityTreeComposite")
       composite = child;
   }
   ASSERT_NE(nullptr, composite);
@@ -288,7 +290,8 @@ TEST_F(ScenarioEditorEndToEnd, ABeamCategoryGenericTagAndTableCellEditedAppliedS
   QTreeView* entities = nullptr;
   for (QWidget* child : editor->findChildren<QWidget*>())
   {
-    if (QString(child->metaObject()->className()) == "kelQt::EntityTreeComposite")
+    if (QString(child->metaObject()->className()) == "kelQt::EntityTreeComposite" &&
+        child->objectName() != "entityTreeComposite")
       entities = child->findChild<QTreeView*>("treeView");
   }
   ASSERT_NE(nullptr, entities);

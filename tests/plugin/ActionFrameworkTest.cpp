@@ -81,7 +81,7 @@ protected:
 
 TEST_F(ActionFramework, BothMenusAskEveryActionAndSortByWeight)
 {
-  EXPECT_EQ((std::vector<std::string>{"High", "Rename...", "Delete...", "Extend Life...", "Decimate...",
+  EXPECT_EQ((std::vector<std::string>{"Make Stationary...", "High", "Rename...", "Delete...", "Extend Life...", "Decimate...",
                                       "Remove Duplicate Points...", "Velocity Filtering...", "Low", "Tie", "Calculate Ori / Vel...",
                                       "Export to GOG...",
                                       "Add Entity"}),

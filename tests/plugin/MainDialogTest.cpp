@@ -125,7 +125,7 @@ TEST_F(EditorWindow, IsAHiddenDockOfTreeAndTabs)
   EXPECT_EQ("Qt Scenario Editor", dialog->windowTitle());
   EXPECT_EQ("ScenarioEditorMainDialog", dialog->objectName());
   EXPECT_TRUE(dialog->isHidden());
-  EXPECT_EQ((QStringList{"Auto Merge", "Point Editor", "Miscellaneous"}), QtSep::MainDialog::tabTitles());
+  EXPECT_EQ((QStringList{"Auto Merge", "Make Stationary", "Point Editor", "Miscellaneous"}), QtSep::MainDialog::tabTitles());
   EXPECT_EQ(0, dialog->currentTabIndex());
   EXPECT_TRUE(dialog->entityTreeModel().indexOf(sample.gate).isValid()) << "the tree reads the scenario at once";
   EXPECT_EQ(1, dialog->startManualMerge({sample.platform})) << "no manual merge in this build";

@@ -196,11 +196,11 @@ TEST_F(PluginLifecycle, ARightClickInTheViewGetsASubMenuOnlyOnAnEntityAtRest)
 {
   const SampleEntities sample = createSampleEntities();
   ASSERT_EQ(0, plugin.StartUp(arguments));
-  EXPECT_EQ(std::vector<std::string>{"Scenario Editor@750[-205Delete...Extend Life...Decimate...Velocity Filtering...Calculate Ori / Vel...Export to GOG...]"},
+  EXPECT_EQ(std::vector<std::string>{"Scenario Editor@750[-205Make Stationary...Delete...Extend Life...Decimate...Velocity Filtering...Calculate Ori / Vel...Export to GOG...]"},
             labels(*server.buildContextMenu(PIKELVOR::CLICKED_VIEW, {sample.platform})));
   EXPECT_TRUE(server.buildContextMenu(PIKELVOR::CLICKED_VIEW, {})->empty()) << "no entity under the click";
   EXPECT_TRUE(server.buildContextMenu(PIKELVOR::CLICKED_BACKGROUND, {sample.platform})->empty());
-  EXPECT_EQ((std::vector<std::string>{"-205", "Delete...", "Extend Life...", "Decimate...", "Velocity Filtering...",
+  EXPECT_EQ((std::vector<std::string>{"-205", "Make Stationary...", "Delete...", "Extend Life...", "Decimate...", "Velocity Filtering...",
                                       "Calculate Ori / Vel...", "Export to GOG..."}),
             labels(*server.buildContextMenu(PIKELVOR::CLICKED_ENTITY_LIST, {sample.platform})));
 
