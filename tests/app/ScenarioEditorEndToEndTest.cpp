@@ -10,7 +10,9 @@
 #include "ui/MainWindow.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QSpinBox>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
@@ -368,4 +370,50 @@ TEST_F(ScenarioEditorEndToEnd, ABeamCategoryGenericTagAndTableCellEditedAppliedS
   const kelvor::DataTable& fuel = *store.table(platform.tables.front());
   const std::string firstRow = kelvor::ScenarioVocabulary::formatCells(fuel, fuel.rows().begin()->second);
   EXPECT_NE(std::string::npos, firstRow.find("1234.5")) << firstRow;
+}
+
+TEST_F(ScenarioEditorEndToEnd, TheMakeStationaryTabListsTheDemosStillPlatformsAndConvertsOne)
+{
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  auto* tabs = editor->findChild<QTabWidget*>();
+  QWidget* stationary = nullptr;
+  for (int i = 0; i < tabs->count(); ++i)
+  {
+    if (tabs->tabText(i) == "Make Stationary")
+      stationary = tabs->widget(i);
+  }
+  ASSERT_NE(nullptr, stationary);
+  tabs->setCurrentWidget(stationary);
+  for (const char* name : {"distanceCheckBox", "yawCheckBox", "pitchCheckBox", "rollCheckBox"})
+    stationary->findChild<QCheckBox*>(name)->setChecked(false);
+  auto* distance = stationary->findChild<QCheckBox*>("distanceCheckBox");
+  distance->setChecked(true);
+  stationary->findChild<QSpinBox*>("distanceSpinBox")->setValue(10);
+  stationary->findChild<QPushButton*>("detectPushButton")->click();
+
+  // Oiler 6 lies at anchor for its whole life and Buoy 7 has one timed point; the others move,
+  // or are static already.
+  auto* list = stationary->findChild<QTreeView*>("treeView");
+  ASSERT_NE(nullptr, list);
+  QStringList found;
+  ASSERT_TRUE(QTest::qWaitFor([&] {
+    found.clear();
+    for (int row = 0; row < list->model()->rowCount(); ++row)
+      found << list->model()->index(row, 0).data().toString();
+    return found.contains("Oiler 6");
+  }, 10000)) << found.join(", ").toStdString();
+  EXPECT_FALSE(found.contains("Tanker 4"));
+  EXPECT_TRUE(found.contains("Buoy 7")) << "one point at a time";
+  EXPECT_FALSE(found.contains("Radar Site 8")) << "static already";
+  const QModelIndex oiler =
+    list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, "Oiler 6", 1, Qt::MatchExactly).front();
+  list->selectionModel()->select(oiler, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  auto* accept = stationary->findChild<QPushButton*>("acceptPushButton");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return accept->isEnabled(); }, 10000));
+  accept->click();
+  const kelvor::Entity& converted = *host->store().entity(host->store().findPlatform("Oiler 6"));
+  ASSERT_EQ(1u, converted.platformPoints.size());
+  EXPECT_EQ(-1.0, converted.platformPoints.front().time) << "one static point";
+  EXPECT_TRUE(host->window().isModified());
 }
