@@ -11,6 +11,10 @@ namespace kelQt
 namespace
 {
 
+// The largest span in units of 10^-precision seconds: a little under the largest long long, so
+// that no sum of fields overflows. At 9 decimals that is 285 years, at 3 decimals 285 million.
+constexpr long long MAXIMUM_UNITS = 9'000'000'000'000'000'000LL;
+
 int fieldCount(kelCore::TimeFormat format)
 {
   return format == kelCore::TimeFormat::HOURS ? 3 : (format == kelCore::TimeFormat::MINUTES ? 2 : 1);
@@ -25,11 +29,9 @@ ElapsedTexts::ElapsedTexts(kelCore::TimeFormat format) : SegmentedTexts(format),
 
 long long ElapsedTexts::leadSeconds_() const { return fields_ == 3 ? 3600 : (fields_ == 2 ? 60 : 1); }
 
-long long ElapsedTexts::maximumUnits_() const { return 9'000'000'000'000'000'000LL; }
-
 void ElapsedTexts::addSegments_()
 {
-  const long long leadMaximum = maximumUnits_() / precisionScale_() / leadSeconds_();
+  const long long leadMaximum = MAXIMUM_UNITS / precisionScale_() / leadSeconds_();
   auto lead =
       std::make_unique<NumberText>(QString::number(leadMaximum).size(), 0, leadMaximum, NumberText::Padding::NONE);
   lead->setSigned(true);
@@ -80,7 +82,7 @@ bool ElapsedTexts::combine_(const QStringList& tokens, kelCore::TimeStamp& stamp
 
 void ElapsedTexts::split_(const kelCore::TimeStamp& stamp)
 {
-  const double limit = static_cast<double>(maximumUnits_());
+  const double limit = static_cast<double>(MAXIMUM_UNITS);
   const double units = stamp.secondsSinceRefYear(referenceYear()).Double() * precisionScale_();
   showUnits_(std::llround(std::clamp(units, -limit, limit)));
 }
@@ -96,7 +98,7 @@ bool ElapsedTexts::stepSegment_(int index, int steps)
   else if (index == lead_)
     weight = leadSeconds_() * scale;
   const long long before = units_(tokens_());
-  const long long after = std::clamp(before + steps * weight, -maximumUnits_(), maximumUnits_());
+  const long long after = std::clamp(before + steps * weight, -MAXIMUM_UNITS, MAXIMUM_UNITS);
   showUnits_(after);
   return after != before;
 }

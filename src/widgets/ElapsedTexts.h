@@ -30,8 +30,6 @@ private:
   long long units_(const QStringList& tokens) const;
   /// Shows a signed span in units of 10^-precision() seconds.
   void showUnits_(long long units);
-  /// @return the largest span in units, so that no sum of fields overflows.
-  long long maximumUnits_() const;
   /// @return seconds in one unit of the leading count.
   long long leadSeconds_() const;
 

@@ -36,6 +36,7 @@ public:
   long long value() const;
   /// @param value stored as it is after clamping to the widest range; value() applies the current one
   void setValue(long long value);
+  /// @return the smallest value.
   long long minimum() const { return minimum_; }
   /// @return the largest value now, which may depend on other fields (the days of the month shown).
   long long maximum() const;
@@ -47,7 +48,9 @@ public:
 
   /// Lets the field carry a leading minus sign, kept apart from the value so that "-0" can stand.
   void setSigned(bool allowed) { signed_ = allowed; }
+  /// @return true when the field shows a minus sign.
   bool isNegative() const { return negative_; }
+  /// @param negative true to show a minus sign; ignored unless the field is signed
   void setNegative(bool negative) { negative_ = signed_ && negative; }
 
   /// @return the value a token would give this field, without its sign; check() it first.

@@ -48,15 +48,19 @@ public:
    * @param start the earliest time of the range @param end the latest time of the range
    */
   void setTimeRange(int referenceYear, const kelCore::TimeStamp& start, const kelCore::TimeStamp& end);
+  /// @param low receives whether steps and edits stop at the start @param high the same for the end
   void getEnforceLimits(bool& low, bool& high) const;
   /// @param low true to keep steps and edits at or after the start @param high the same for the end
   void setEnforceLimits(bool low, bool high);
 
   /// @return true when a time outside the range shows in red.
   bool colorCode() const { return colorCode_; }
+  /// @param on true to show a time outside the range in red
   void setColorCode(bool on);
 
+  /// @return the zone of the calendar formats.
   TimeZone timeZone() const;
+  /// @param zone the zone of the calendar formats; the time stays, its text follows the zone
   void setTimeZone(TimeZone zone);
   /// @return decimals of the seconds shown.
   int precision() const;

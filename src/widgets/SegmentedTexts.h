@@ -85,11 +85,15 @@ public:
    * @param start the earliest time of the range @param end the latest time of the range
    */
   void setTimeRange(int referenceYear, const kelCore::TimeStamp& start, const kelCore::TimeStamp& end);
+  /// @return the year the span formats count from.
   int referenceYear() const { return referenceYear_; }
+  /// @return the earliest time of the range.
   kelCore::TimeStamp timeRangeStart() const { return start_; }
+  /// @return the latest time of the range.
   kelCore::TimeStamp timeRangeEnd() const { return end_; }
   /// @param low receives whether steps and edits stop at the start @param high the same for the end
   void getEnforceLimits(bool& low, bool& high) const;
+  /// @param low true to keep steps at or after the start @param high the same for the end
   void setEnforceLimits(bool low, bool high);
   /// @return true when stamp lies within the range, ends included, whether or not limits are enforced.
   bool inRange(const kelCore::TimeStamp& stamp) const;
@@ -102,6 +106,7 @@ public:
   void setPrecision(int digits);
   /// @return the zone of the calendar formats; the span formats ignore it.
   TimeZone timeZone() const { return timeZone_; }
+  /// @param zone the zone of the calendar formats; the time stays, its text follows the zone
   void setTimeZone(TimeZone zone);
 
 protected:

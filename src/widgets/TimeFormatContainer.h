@@ -29,21 +29,28 @@ public:
   /// @return the box the user edits.
   SegmentedSpinBox* widget() const { return spinBox_; }
 
+  /// @return the time last set or applied in the box.
   kelCore::TimeStamp timeStamp() const;
+  /// Shows stamp, dropping an edit not yet applied.
   void setTimeStamp(const kelCore::TimeStamp& stamp);
   /**
    * @param referenceYear the year the span formats count from
    * @param start the earliest time of the range @param end the latest time of the range
    */
   void setTimeRange(int referenceYear, const kelCore::TimeStamp& start, const kelCore::TimeStamp& end);
+  /// @param low receives whether edits stop at the start of the range @param high the same for the end
   void getEnforceLimits(bool& low, bool& high) const;
+  /// @param low true to keep edits at or after the start @param high the same for the end
   void setEnforceLimits(bool low, bool high);
+  /// @return true when a time outside the range shows in red.
   bool colorCode() const;
   void setColorCode(bool on);
+  /// @return the zone of the calendar formats.
   TimeZone timeZone() const;
   void setTimeZone(TimeZone zone);
   /// @return decimals of the seconds shown.
   int precision() const;
+  /// @param digits decimals of the seconds, 0 to 9
   void setPrecision(int digits);
 
   /// Removes the tool tip of the box for good.

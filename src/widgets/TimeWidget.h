@@ -47,15 +47,19 @@ public:
   explicit TimeWidget(QWidget* parent = nullptr);
   ~TimeWidget() override;
 
+  /// @return the time shown, as last set or edited.
   kelCore::TimeStamp timeStamp() const;
   /// @return the format shown.
   kelCore::TimeFormat timeFormat() const;
   /// @return decimals of the seconds shown.
   int precision() const;
+  /// @return the zone of the calendar formats.
   TimeZone timeZone() const;
   /// @return the year the seconds, minutes and hours formats count from.
   int scenarioReferenceYear() const;
+  /// @return the earliest time of the range.
   kelCore::TimeStamp timeRangeStart() const;
+  /// @return the latest time of the range.
   kelCore::TimeStamp timeRangeEnd() const;
   /// @return false when the time cannot be edited.
   bool timeEnabled() const { return timeEnabled_; }
@@ -64,7 +68,9 @@ public:
   /// @param low receives whether edits stop at the start of the range @param high the same for the end
   void getEnforceLimits(bool& low, bool& high) const;
 
+  /// @return the text of the label before the time.
   QString label() const;
+  /// @param text the label before the time; empty hides the label
   void setLabel(const QString& text);
   QString labelToolTip() const;
   void setLabelToolTip(const QString& toolTip);
@@ -79,6 +85,7 @@ public slots:
   void setTimeFormat(kelCore::TimeFormat format);
   /// @param digits decimals of the seconds, 0 to 9
   void setPrecision(int digits);
+  /// @param zone the zone of the calendar formats; the time stays, its text follows the zone
   void setTimeZone(kelQt::TimeZone zone);
   /// @param year the year the seconds, minutes and hours formats count from; the range stays
   void setScenarioReferenceYear(int year);
@@ -90,7 +97,9 @@ public slots:
   void setTimeRange(int referenceYear, const kelCore::TimeStamp& start, const kelCore::TimeStamp& end);
   /// @param low true to keep edits at or after the start @param high the same for the end
   void setEnforceLimits(bool low, bool high);
+  /// @param enabled false to show the time without letting the user edit it
   void setTimeEnabled(bool enabled);
+  /// @param on true to show a time outside the range in red
   void setColorCodeText(bool on);
   /// Removes the tool tips of the boxes of all formats.
   void disableControlToolTips();
