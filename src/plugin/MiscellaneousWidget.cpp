@@ -2,6 +2,9 @@
 
 #include "actions/CreateScenario.h"
 #include "actions/ScenarioPropertiesDialog.h"
+#include "actions/ScenarioTimesDialog.h"
+#include "host/PURegistry.h"
+#include "processing/AdjustScenarioTimes.h"
 #include "plugin/ActionUtilities.h"
 #include "plugin/UnitsWidget.h"
 #include "validation/ValidateScenarioWidget.h"
@@ -22,6 +25,9 @@ MiscellaneousWidget::MiscellaneousWidget(QWidget* parent) : TabWidget(parent)
   QPushButton* edit = addRow_("Edit Scenario", "Edit...", "editPushButton",
     "Displays an editor to adjust most scenario properties.");
   connect(edit, &QPushButton::clicked, this, &MiscellaneousWidget::editScenario_);
+  QPushButton* times = addRow_("Edit Scenario Times:", "Edit Times...", "timesPushButton",
+    "Displays a time editor to adjust the reference year and/or start time.");
+  connect(times, &QPushButton::clicked, this, &MiscellaneousWidget::editTimes_);
   QPushButton* units = addRow_("Units that apply to all tabs:", "Edit Units...", "unitsPushButton",
     "Displays a unit editor.");
   connect(units, &QPushButton::clicked, this, &MiscellaneousWidget::editUnits_);
@@ -47,6 +53,20 @@ void MiscellaneousWidget::editScenario_()
     return;
   applyScenarioProperties(*dialog);
   fireChangeCallback(0UL);
+}
+
+void MiscellaneousWidget::editTimes_()
+{
+  kelQt::GuardedDialog<ScenarioTimesDialog> dialog(this);
+  dialog->setTimeFormat(static_cast<kelCore::TimeFormat>(PURegistry::loadReg(
+                          static_cast<int>(kelCore::TimeFormat::ORDINAL), UnitsWidget::TIME_FORMAT_KEY)),
+                        PURegistry::loadReg(3, UnitsWidget::TIME_PRECISION_KEY));
+  dialog->setDurationFormat(static_cast<kelCore::TimeFormat>(PURegistry::loadReg(
+                              static_cast<int>(kelCore::TimeFormat::SECONDS), UnitsWidget::DURATION_FORMAT_KEY)),
+                            PURegistry::loadReg(3, UnitsWidget::DURATION_PRECISION_KEY));
+  if (dialog.exec() != QDialog::Accepted)
+    return;
+  AdjustScenarioTimes().execute(dialog->referenceYear(), dialog->startSeconds());
 }
 
 void MiscellaneousWidget::validate_()

@@ -27,6 +27,8 @@ signals:
 
 private slots:
   void editScenario_();
+  /// Shows the reference year and start time; on OK every time-stamped value moves with them.
+  void editTimes_();
   void editUnits_();
   /// Shows the scenario's issues, checked at once, with their repairs.
   void validate_();

@@ -1,4 +1,7 @@
 #include "actions/ScenarioPropertiesDialog.h"
+#include "actions/ScenarioTimesDialog.h"
+#include "actions/TimeSliceDialog.h"
+#include "widgets/TimeWidget.h"
 #include "host/PIData.h"
 #include "host/PURegistry.h"
 #include "plugin/MiscellaneousWidget.h"
@@ -9,6 +12,8 @@
 #include "widgets/UnitsComboBox.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QSlider>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -119,4 +124,75 @@ TEST_F(MiscellaneousTab, TheValidationWindowShowsEveryColumnWhole)
   }
   EXPECT_EQ(2, last) << "two repairs offered";
   EXPECT_LE(contentsRight, shownRight) << "the last column is not cut off";
+}
+
+TEST_F(MiscellaneousTab, EditTimesMovesTheScenarioToTheNewStart)
+{
+  PIData::initializeScenario();
+  PIData::setReferenceYear(2023);
+  PIData::PIPlatformHeader header;
+  const UniqueID_t hawk = PIData::createPlatform(&header, nullptr);
+  for (double t : {100.0, 400.0})
+  {
+    PIData::PIPlatformPoint point;
+    point.time = t;
+    point.position = {0.5, -2.0, 0.0};
+    PIData::addDataPoint(hawk, &point);
+  }
+  PIData::clockAutoConfigureBeginEnd();
+  auto* times = tab.findChild<QPushButton*>("timesPushButton");
+  ASSERT_NE(nullptr, times);
+  EXPECT_EQ("Edit Times...", times->text());
+  EXPECT_EQ("Displays a time editor to adjust the reference year and/or start time.", times->toolTip());
+
+  clickAndAnswer("timesPushButton", true, [](QDialog& dialog) {
+    auto& edit = static_cast<ScenarioTimesDialog&>(dialog);
+    EXPECT_EQ("Scenario Times Dialog", edit.objectName());
+    const QString endBefore = edit.findChild<QLabel*>("endTimeLabel")->text();
+    edit.referenceYearSpinBox().setValue(2024);
+    EXPECT_EQ(100.0, edit.startSeconds()) << "a new year alone keeps the start's seconds";
+    edit.startTimeWidget().setTimeStamp(kelCore::TimeStamp(2024, 100.0 + 86400.0));
+    emit edit.startTimeWidget().timeEdited(edit.startTimeWidget().timeStamp());
+    EXPECT_NE(endBefore, edit.findChild<QLabel*>("endTimeLabel")->text()) << "the end follows the start";
+  });
+  EXPECT_EQ(2024, PIData::getReferenceYear());
+  std::vector<PIData::PIPlatformPoint> points;
+  PIData::getDataPoints(hawk, 0.0, 1e9, &points);
+  ASSERT_EQ(2u, points.size());
+  EXPECT_EQ(100.0 + 86400.0, points[0].time);
+  EXPECT_EQ(400.0 + 86400.0, points[1].time);
+
+  clickAndAnswer("timesPushButton", false, [](QDialog& dialog) {
+    static_cast<ScenarioTimesDialog&>(dialog).startTimeWidget().setTimeStamp(kelCore::TimeStamp(2024, 0.0));
+  });
+  EXPECT_EQ(100.0 + 86400.0, PIData::clockGetBegin()) << "cancelled: nothing moves";
+}
+
+TEST(TimeSlice, ADurationPastTheEndPullsTheStartBackButNotPastTheBegin)
+{
+  TimeSliceDialog dialog(2024);
+  EXPECT_EQ("Time Slice Editor", dialog.windowTitle());
+  dialog.setScenarioTimeRange(1000.0, 2000.0);
+  dialog.setTimeSliceRange(1500.0, 1600.0);
+  auto* duration = dialog.findChild<QSlider*>("durationSlider");
+  auto* start = dialog.findChild<QSlider*>("startSlider");
+  ASSERT_TRUE(duration && start);
+  EXPECT_EQ(5000, start->value());
+  EXPECT_EQ(1000, duration->value()) << "100 s of 1000";
+
+  emit duration->sliderMoved(8000); // 800 s from 1500 runs 300 s past the end
+  double begin = 0, end = 0;
+  dialog.getTimeSliceRange(begin, end);
+  EXPECT_EQ(1200.0, begin);
+  EXPECT_EQ(2000.0, end);
+  emit duration->sliderMoved(10000); // longer than the whole scenario after the move
+  dialog.getTimeSliceRange(begin, end);
+  EXPECT_EQ(1000.0, begin) << "never before the scenario's begin";
+  EXPECT_EQ(2000.0, end);
+
+  auto* ok = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+  EXPECT_TRUE(ok->isEnabled());
+  dialog.setTimeSliceRange(1500.0, 1500.0);
+  EXPECT_FALSE(ok->isEnabled()) << "start must be before end";
+  EXPECT_EQ(0, duration->value());
 }
