@@ -10,6 +10,7 @@
 #include "ui/MainWindow.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QSpinBox>
@@ -416,4 +417,49 @@ TEST_F(ScenarioEditorEndToEnd, TheMakeStationaryTabListsTheDemosStillPlatformsAn
   ASSERT_EQ(1u, converted.platformPoints.size());
   EXPECT_EQ(-1.0, converted.platformPoints.front().time) << "one static point";
   EXPECT_TRUE(host->window().isModified());
+}
+
+TEST_F(ScenarioEditorEndToEnd, EditTimesMovesTheDemoByADayAndTheClockBarFollows)
+{
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  auto* tabs = editor->findChild<QTabWidget*>();
+  QWidget* miscellaneous = nullptr;
+  for (int i = 0; i < tabs->count(); ++i)
+  {
+    if (tabs->tabText(i) == "Miscellaneous")
+      miscellaneous = tabs->widget(i);
+  }
+  ASSERT_NE(nullptr, miscellaneous);
+  tabs->setCurrentWidget(miscellaneous);
+  auto* begin = host->window().findChild<QLabel*>("ClockBegin");
+  auto* end = host->window().findChild<QLabel*>("ClockEnd");
+  ASSERT_TRUE(begin && end);
+  const QString beginBefore = begin->text();
+  const double firstBefore = host->store().clock().begin();
+  const std::size_t tankerPoints = trackPoints();
+
+  // The dialog's start is its time widget: a day later, typed as the user's edit.
+  WhenShown<QDialog> times([](QDialog& dialog) {
+    QWidget* start = dialog.findChild<QWidget*>("startTime");
+    ASSERT_NE(nullptr, start);
+    // Step the start's day with the keyboard, as a user does: the first field is the day of year.
+    QAbstractSpinBox* box = nullptr;
+    for (QAbstractSpinBox* shown : start->findChildren<QAbstractSpinBox*>())
+    {
+      if (shown->isVisible())
+        box = shown;
+    }
+    ASSERT_NE(nullptr, box);
+    box->setFocus();
+    box->findChild<QLineEdit*>()->setCursorPosition(0);
+    QTest::keyClick(box, Qt::Key_Up);
+    QTest::keyClick(box, Qt::Key_Return);
+    dialog.accept();
+  });
+  miscellaneous->findChild<QPushButton*>("timesPushButton")->click();
+  ASSERT_TRUE(times.acted());
+  EXPECT_EQ(firstBefore + 86400.0, host->store().clock().begin()) << "a day later";
+  EXPECT_EQ(tankerPoints, trackPoints()) << "nothing lost";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return begin->text() != beginBefore; }, 10000)) << "the clock bar shows the new span";
 }
