@@ -14,6 +14,7 @@
 #include "actions/MergeAction.h"
 #include "actions/RemoveDuplicatePointsAction.h"
 #include "actions/RenameAction.h"
+#include "actions/TransformPlatformAction.h"
 #include "actions/VelocityAction.h"
 #include "host/PIKELVOR.h"
 #include "plugin/ActionUtilities.h"
@@ -46,6 +47,7 @@ ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
   actions_.push_back(std::make_unique<MergeAction>(parent));
   actions_.push_back(std::make_unique<RemoveDuplicatePointsAction>(parent));
   actions_.push_back(std::make_unique<RenameAction>(parent));
+  actions_.push_back(std::make_unique<TransformPlatformAction>(parent));
   actions_.push_back(std::make_unique<VelocityAction>(parent));
 }
 
