@@ -237,7 +237,8 @@ void ScenarioWriter::write(std::ostream& out) const
     for (const std::string& file : files)
       out << "gog " << (id ? entities.fileId(id) : std::string("0")) << ' ' << q(file) << '\n';
   for (const PreferenceRule& rule : store_.preferenceRules())
-    out << "rule " << q(rule.text) << '\n';
+    if (rule.saved)
+      out << "rule " << q(rule.text) << '\n';
   for (UniqueID_t id : all)
     for (const std::string& flag : store_.drawFlags(id))
       out << "draw-flag " << entities.fileId(id) << ' ' << q(flag) << '\n';

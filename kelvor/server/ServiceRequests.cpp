@@ -2,6 +2,7 @@
 
 #include "host/BindableInterface.h"
 #include "host/ContextMenuCallback.h"
+#include "host/PIKELVOR.h"
 #include "host/PIServerSelectors.h"
 #include "host/PI_DATA_CATCHALL.h"
 #include "server/HostServices.h"
@@ -10,6 +11,7 @@
 #include "store/ScenarioStore.h"
 
 #include <algorithm>
+#include <set>
 
 namespace kelvor
 {
@@ -366,7 +368,7 @@ std::int64_t ServiceRequests::preferences_(void* record)
   case PISelector::PREF_ADD_RULE: {
     if (text(r, 0).empty())
       return finish(r, false);
-    const long id = store.addPreferenceRule(text(r, 0));
+    const long id = store.addPreferenceRule(text(r, 0), r.integerAt(2) != PIKELVOR::PREF_RULE_SESSION);
     store.dataChanged({0});
     return answer(r, id);
   }
@@ -380,6 +382,20 @@ std::int64_t ServiceRequests::preferences_(void* record)
     store.setDrawFlag(static_cast<UniqueID_t>(r.integerAt(2)), text(r, 0), r.integerAt(3) != 0);
     store.dataChanged({static_cast<UniqueID_t>(r.integerAt(2))});
     return finish(r, true);
+  case PISelector::PREF_SET_DRAW: {
+    const auto id = static_cast<UniqueID_t>(r.integerAt(2));
+    if (!store.entity(id))
+      return finish(r, false);
+    // With its children, a beam's gates go too: the list grows as it is walked.
+    std::vector<UniqueID_t> ids{id};
+    for (std::size_t next = 0; r.integerAt(4) != 0 && next < ids.size(); ++next)
+      for (UniqueID_t child : store.list(PI_ALL_TYPES, ids[next]))
+        ids.push_back(child);
+    for (UniqueID_t each : ids)
+      store.setDrawFlag(each, "Hidden", r.integerAt(3) == 0);
+    store.dataChanged(std::set<UniqueID_t>(ids.begin(), ids.end()));
+    return finish(r, true);
+  }
   case PISelector::PREF_GET_BOOL: {
     // The scene hides an entity by its "Hidden" draw flag; the two drawing preferences read it.
     const std::string name = text(r, 0);

@@ -273,9 +273,9 @@ bool ScenarioStore::removeTable(long id)
   return true;
 }
 
-long ScenarioStore::addPreferenceRule(const std::string& text)
+long ScenarioStore::addPreferenceRule(const std::string& text, bool saved)
 {
-  rules_.push_back(PreferenceRule{nextRuleId_, text});
+  rules_.push_back(PreferenceRule{nextRuleId_, text, saved});
   return nextRuleId_++;
 }
 

@@ -87,8 +87,11 @@ public:
   ScenarioClock& clock() { return clock_; }
   const ScenarioClock& clock() const { return clock_; }
 
-  /// Adds a preference rule. @return its id
-  long addPreferenceRule(const std::string& text);
+  /**
+   * Adds a preference rule. @param saved false for a rule of the session only, which the
+   * scenario file does not keep @return its id
+   */
+  long addPreferenceRule(const std::string& text, bool saved = true);
   /// @return false for an unknown id
   bool removePreferenceRule(long id);
   const std::vector<PreferenceRule>& preferenceRules() const { return rules_; }

@@ -1,6 +1,5 @@
 #include "actions/TimeSliceDialog.h"
 
-#include "host/PURegistry.h"
 #include "kelCore/TimeStamp.h"
 #include "plugin/UnitsWidget.h"
 #include "units/UnitContextAdapter.h"
@@ -123,12 +122,10 @@ void TimeSliceDialog::setScenarioTimeRange(double begin, double end)
   // The scenario's own values, in the units chosen for all tabs.
   kelCore::UnitContextAdapter units;
   units.setReferenceYear(referenceYear_);
-  units.setTimeFormat(static_cast<kelCore::TimeFormat>(
-    PURegistry::loadReg(static_cast<int>(kelCore::TimeFormat::ORDINAL), UnitsWidget::TIME_FORMAT_KEY)));
-  units.setTimePrecision(PURegistry::loadReg(3, UnitsWidget::TIME_PRECISION_KEY));
-  units.setDurationFormat(static_cast<kelCore::TimeFormat>(
-    PURegistry::loadReg(static_cast<int>(kelCore::TimeFormat::SECONDS), UnitsWidget::DURATION_FORMAT_KEY)));
-  units.setDurationPrecision(PURegistry::loadReg(3, UnitsWidget::DURATION_PRECISION_KEY));
+  units.setTimeFormat(UnitsWidget::timeFormat());
+  units.setTimePrecision(UnitsWidget::timePrecision());
+  units.setDurationFormat(UnitsWidget::durationFormat());
+  units.setDurationPrecision(UnitsWidget::durationPrecision());
   const kelCore::UnitContextFormatter formatter(units);
   startScenarioLabel_->setText(QString::fromStdString(formatter.formatTime(scenarioBegin_)));
   endScenarioLabel_->setText(QString::fromStdString(formatter.formatTime(scenarioEnd_)));

@@ -154,8 +154,8 @@ void PointEditorWidget::listenToEvents(PIApplicationEvents_t event, void* data)
 
 void PointEditorWidget::applyUnitsChange()
 {
-  units_->setTimeFormat(static_cast<kelCore::TimeFormat>(PURegistry::loadReg(4, UnitsWidget::TIME_FORMAT_KEY)));
-  units_->setTimePrecision(PURegistry::loadReg(3, UnitsWidget::TIME_PRECISION_KEY));
+  units_->setTimeFormat(UnitsWidget::timeFormat());
+  units_->setTimePrecision(UnitsWidget::timePrecision());
   units_->setGeodeticFormat(
     static_cast<kelCore::GeodeticFormat>(PURegistry::loadReg(0, UnitsWidget::GEODETIC_FORMAT_KEY)));
   units_->setGeodeticPrecision(PURegistry::loadReg(7, UnitsWidget::GEODETIC_PRECISION_KEY));

@@ -81,12 +81,18 @@ int tetherCamera(const std::string& viewport, unsigned long id)
   return PIRequest::send(PISF_VIEW, r);
 }
 
-long addPrefRule(const std::string& rule)
+int addPrefRule(const std::string& rule, int persistence, long* ruleId)
 {
-  auto r = PIRequest::catchAll(PISelector::PREF_ADD_RULE);
+  auto r = PIRequest::catchAll(PISelector::PREF_ADD_RULE, {persistence});
   r.strings = {rule};
-  handle(PISF_PREFERENCES, &r);
-  return static_cast<long>(r.integerAt(1));
+  if (handle(PISF_PREFERENCES, &r) != 0)
+    return 1;
+  const long id = static_cast<long>(r.integerAt(1));
+  if (id == 0)
+    return 1;
+  if (ruleId)
+    *ruleId = id;
+  return 0;
 }
 
 int removePrefRule(long ruleId)
@@ -95,7 +101,14 @@ int removePrefRule(long ruleId)
   return PIRequest::send(PISF_PREFERENCES, r);
 }
 
-int setPrefDrawFlag(UniqueID_t id, const std::string& flag, bool on)
+int setPrefDrawFlag(UniqueID_t id, bool draw, bool withChildren)
+{
+  auto r = PIRequest::catchAll(PISelector::PREF_SET_DRAW, {static_cast<std::int64_t>(id), draw ? 1 : 0,
+                                                           withChildren ? 1 : 0});
+  return PIRequest::send(PISF_PREFERENCES, r);
+}
+
+int setPrefFlag(UniqueID_t id, const std::string& flag, bool on)
 {
   auto r = PIRequest::catchAll(PISelector::PREF_SET_DRAW_FLAG, {static_cast<std::int64_t>(id), on ? 1 : 0});
   r.strings = {flag};

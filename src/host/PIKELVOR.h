@@ -41,11 +41,30 @@ std::string getCurrentViewport();
 /// Makes the view's camera follow an entity; 0 releases it. @return 0 for success
 int tetherCamera(const std::string& viewport, unsigned long id);
 
-/// Hands the host a display rule. @return the rule's id, 0 for failure
-long addPrefRule(const std::string& rule);
+/// How long a display rule lasts.
+enum PrefRulePersistence
+{
+  PREF_RULE_SAVED = 0,  ///< kept with the scenario and written to its file
+  PREF_RULE_SESSION = 2 ///< shown until removed or the scenario closes, never written to a file
+};
+
+/**
+ * Hands the host a display rule, such as
+ * ruleName=TracksWidth ruleValue="3" nameExpression="^Eagle 1$" categoryFilters=" ".
+ * @param persistence a PrefRulePersistence value @param ruleId set to the rule's id on success
+ * @return 0 for success
+ */
+int addPrefRule(const std::string& rule, int persistence, long* ruleId);
+/// @return 0 for success, non-zero for an id the host does not hold
 int removePrefRule(long ruleId);
-/// Sets a named draw flag of an entity (0 for the scenario). @return 0 for success
-int setPrefDrawFlag(UniqueID_t id, const std::string& flag, bool on);
+/**
+ * Shows or hides an entity in the scene.
+ * @param draw false to hide @param withChildren true to do the same to its beams, gates, lasers and others
+ * @return 0 for success
+ */
+int setPrefDrawFlag(UniqueID_t id, bool draw, bool withChildren);
+/// Sets a named draw flag of an entity (0 for the scenario), such as "Hidden" or "Highlight". @return 0 for success
+int setPrefFlag(UniqueID_t id, const std::string& flag, bool on);
 /**
  * Reads an on-or-off display preference of an entity, such as "commonPrefs.draw".
  * @param value set on success @return 0 for success; 1, leaving value alone, for a name the host does not know

@@ -204,10 +204,11 @@ enum View
 /// PISF_PREFERENCES: integers [sel, status, entity, flag]; strings [rule or flag name]; pointers [out].
 enum Preferences
 {
-  PREF_ADD_RULE = 0,       ///< strings [rule text]; out integers[1] the rule id
+  PREF_ADD_RULE = 0,       ///< strings [rule text]; integers[2] the persistence; out integers[1] the rule id
   PREF_REMOVE_RULE = 1,    ///< integers[2] the rule id
   PREF_SET_DRAW_FLAG = 2,  ///< integers [.., .., entity, on]; strings [flag]
-  PREF_GET_BOOL = 3        ///< integers[2] the entity; strings [preference name]; out integers[3] 1 when on
+  PREF_GET_BOOL = 3,       ///< integers[2] the entity; strings [preference name]; out integers[3] 1 when on
+  PREF_SET_DRAW = 4        ///< integers [.., .., entity, draw, with its children]
 };
 
 /// PISF_GOG: integers [sel, status, entity]; strings [file]; pointers [std::vector<std::string>* out].

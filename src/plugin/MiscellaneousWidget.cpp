@@ -58,12 +58,8 @@ void MiscellaneousWidget::editScenario_()
 void MiscellaneousWidget::editTimes_()
 {
   kelQt::GuardedDialog<ScenarioTimesDialog> dialog(this);
-  dialog->setTimeFormat(static_cast<kelCore::TimeFormat>(PURegistry::loadReg(
-                          static_cast<int>(kelCore::TimeFormat::ORDINAL), UnitsWidget::TIME_FORMAT_KEY)),
-                        PURegistry::loadReg(3, UnitsWidget::TIME_PRECISION_KEY));
-  dialog->setDurationFormat(static_cast<kelCore::TimeFormat>(PURegistry::loadReg(
-                              static_cast<int>(kelCore::TimeFormat::SECONDS), UnitsWidget::DURATION_FORMAT_KEY)),
-                            PURegistry::loadReg(3, UnitsWidget::DURATION_PRECISION_KEY));
+  dialog->setTimeFormat(UnitsWidget::timeFormat(), UnitsWidget::timePrecision());
+  dialog->setDurationFormat(UnitsWidget::durationFormat(), UnitsWidget::durationPrecision());
   if (dialog.exec() != QDialog::Accepted)
     return;
   AdjustScenarioTimes().execute(dialog->referenceYear(), dialog->startSeconds());

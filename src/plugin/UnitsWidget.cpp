@@ -53,6 +53,27 @@ int loadPrecision(const char* key, int fallback)
 
 } // namespace
 
+kelCore::TimeFormat UnitsWidget::timeFormat()
+{
+  return static_cast<kelCore::TimeFormat>(PURegistry::loadReg(static_cast<int>(TIME_FORMAT_DEFAULT), TIME_FORMAT_KEY));
+}
+
+int UnitsWidget::timePrecision()
+{
+  return loadPrecision(TIME_PRECISION_KEY, TIME_PRECISION_DEFAULT);
+}
+
+kelCore::TimeFormat UnitsWidget::durationFormat()
+{
+  return static_cast<kelCore::TimeFormat>(
+    PURegistry::loadReg(static_cast<int>(DURATION_FORMAT_DEFAULT), DURATION_FORMAT_KEY));
+}
+
+int UnitsWidget::durationPrecision()
+{
+  return loadPrecision(DURATION_PRECISION_KEY, DURATION_PRECISION_DEFAULT);
+}
+
 UnitsWidget::UnitsWidget(QWidget* parent) : QWidget(parent)
 {
   setLayout(new QFormLayout);
@@ -96,10 +117,10 @@ kelQt::UnitsComboBox* UnitsWidget::addComboRow_(const QString& label, const char
 void UnitsWidget::loadSettings()
 {
   loadEnumComboBox_(coordCombo_, COORDINATE_SYSTEM_KEY, int(kelCore::CoordinateSystem::LLA));
-  loadEnumComboBox_(timeCombo_, TIME_FORMAT_KEY, int(kelCore::TimeFormat::ORDINAL));
-  timePrecision_->setValue(loadPrecision(TIME_PRECISION_KEY, DEFAULT_PRECISION));
-  loadEnumComboBox_(durationCombo_, DURATION_FORMAT_KEY, int(kelCore::TimeFormat::SECONDS));
-  durationPrecision_->setValue(loadPrecision(DURATION_PRECISION_KEY, DEFAULT_PRECISION));
+  loadEnumComboBox_(timeCombo_, TIME_FORMAT_KEY, int(TIME_FORMAT_DEFAULT));
+  timePrecision_->setValue(timePrecision());
+  loadEnumComboBox_(durationCombo_, DURATION_FORMAT_KEY, int(DURATION_FORMAT_DEFAULT));
+  durationPrecision_->setValue(durationPrecision());
   loadEnumComboBox_(geodeticCombo_, GEODETIC_FORMAT_KEY, int(kelCore::GeodeticFormat::DEGREES_MINUTES));
   geodeticPrecision_->setValue(loadPrecision(GEODETIC_PRECISION_KEY, 6));
   loadUnitComboBox_(altitudeCombo_, ALTITUDE_UNITS_KEY, kelCore::Units::METERS.name());

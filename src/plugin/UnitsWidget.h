@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kelCore/TimeFormat.h"
+
 #include <QWidget>
 
 #include <string>
@@ -40,6 +42,21 @@ public:
   static const char* const ANGLE_UNITS_KEY;
   static const char* const ANGLE_PRECISION_KEY;
   static const char* const GENERIC_PRECISION_KEY;
+
+  /// What a time or a duration shows in before the user chooses.
+  static constexpr kelCore::TimeFormat TIME_FORMAT_DEFAULT = kelCore::TimeFormat::ORDINAL;
+  static constexpr int TIME_PRECISION_DEFAULT = 3;
+  static constexpr kelCore::TimeFormat DURATION_FORMAT_DEFAULT = kelCore::TimeFormat::SECONDS;
+  static constexpr int DURATION_PRECISION_DEFAULT = 3;
+
+  /// @return the stored format of times, the default where none is stored
+  static kelCore::TimeFormat timeFormat();
+  /// @return the stored decimals of the seconds of times, 0 to 9
+  static int timePrecision();
+  /// @return the stored format of durations, the default where none is stored
+  static kelCore::TimeFormat durationFormat();
+  /// @return the stored decimals of the seconds of durations, 0 to 9
+  static int durationPrecision();
 
   /// Builds the rows and shows the stored choices.
   explicit UnitsWidget(QWidget* parent = nullptr);

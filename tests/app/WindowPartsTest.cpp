@@ -32,6 +32,13 @@ TEST(GlobeDrawing, TrackColoursComeFromTheLatestTrackColourItem)
   EXPECT_EQ(QColor(0, 255, 0, 255), layer.trackColor(a));
   EXPECT_TRUE(layer.trackColor(b).isValid()) << "a bad value falls back to the palette";
   EXPECT_NE(layer.trackColor(b), QColor(0, 255, 0, 255));
+
+  // Along the track each stretch has the colour in force at its time, drawn opaque.
+  EXPECT_EQ(QColor(255, 0, 0), layer.trackColorAt(a, 4.0));
+  EXPECT_EQ(QColor(0, 255, 0), layer.trackColorAt(a, 5.0)) << "a colour holds from its own time";
+  EXPECT_EQ(QColor(255, 0, 0), layer.trackColorAt(a, -5.0)) << "before the first item, the first";
+  store.entity(a)->generic.push_back({7.0, -1.0, KELVOR_GD_TRACKCOLOR, "0x0000FF00"});
+  EXPECT_EQ(QColor(0, 0, 255, 255), layer.trackColorAt(a, 8.0)) << "a transparent colour still draws";
 }
 
 TEST(GlobeDrawing, PreferenceRulesStyleAllTracksOrOneByName)
@@ -50,6 +57,22 @@ TEST(GlobeDrawing, PreferenceRulesStyleAllTracksOrOneByName)
   EXPECT_EQ(4, other.width);
   EXPECT_EQ(-1.0, other.length) << "a rule for another platform does not apply";
   EXPECT_FALSE(other.points);
+}
+
+TEST(GlobeDrawing, KeywordRulesSelectPlatformsByRegularExpression)
+{
+  ScenarioStore store;
+  store.addPreferenceRule(R"(ruleName=TracksDrawMode ruleValue="points" nameExpression="^A\.B$" categoryFilters=" ")");
+  store.addPreferenceRule(R"(ruleName=TracksWidth ruleValue="3" nameExpression="^A\.B$" categoryFilters=" ")");
+  store.addPreferenceRule(R"(ruleName=TracksLength ruleValue="-1" nameExpression="^Eagle" categoryFilters=" ")");
+  store.addPreferenceRule(R"(ruleName=TracksLength ruleValue="60" nameExpression="^Eagle 1$")");
+  TrackLayer layer(store);
+  EXPECT_TRUE(layer.trackStyle("A.B").points);
+  EXPECT_EQ(3, layer.trackStyle("A.B").width);
+  EXPECT_FALSE(layer.trackStyle("AxB").points) << "the escaped dot matches a dot only";
+  EXPECT_EQ(2, layer.trackStyle("A.B.C").width);
+  EXPECT_EQ(60.0, layer.trackStyle("Eagle 1").length) << "the later rule wins";
+  EXPECT_EQ(-1.0, layer.trackStyle("Eagle 2").length);
 }
 
 TEST(RightClickMenus, RenderedInWeightOrderWithSubMenusRulesAndDisabledItems)

@@ -242,13 +242,29 @@ TEST_F(HostServicesTest, TheViewPreferencesAndOverlays)
   PIKELVOR::grabMouse();
   EXPECT_TRUE(services.mouseGrabbed);
 
-  const long rule = PIKELVOR::addPrefRule("TrackDrawMode=Ribbon");
+  long rule = 0;
+  ASSERT_EQ(0, PIKELVOR::addPrefRule("TrackDrawMode=Ribbon", PIKELVOR::PREF_RULE_SAVED, &rule));
   EXPECT_NE(0, rule);
-  EXPECT_EQ(1u, store.preferenceRules().size());
+  long session = 0;
+  ASSERT_EQ(0, PIKELVOR::addPrefRule("ruleName=TracksWidth ruleValue=\"3\"", PIKELVOR::PREF_RULE_SESSION, &session));
+  ASSERT_EQ(2u, store.preferenceRules().size());
+  EXPECT_TRUE(store.preferenceRules()[0].saved);
+  EXPECT_FALSE(store.preferenceRules()[1].saved) << "a session rule is never written to a file";
+  EXPECT_NE(0, PIKELVOR::addPrefRule("", PIKELVOR::PREF_RULE_SAVED, &rule));
   EXPECT_EQ(0, PIKELVOR::removePrefRule(rule));
   EXPECT_NE(0, PIKELVOR::removePrefRule(rule));
-  PIKELVOR::setPrefDrawFlag(0, "Preview", true);
+  PIKELVOR::setPrefFlag(0, "Preview", true);
   EXPECT_TRUE(store.drawFlag(0, "Preview"));
+
+  // Hiding a platform with its children reaches a beam's gate.
+  const SampleEntities sample = createSampleEntities();
+  EXPECT_EQ(0, PIKELVOR::setPrefDrawFlag(sample.platform, false, true));
+  for (UniqueID_t id : {sample.platform, sample.beam, sample.gate})
+    EXPECT_TRUE(store.drawFlag(id, "Hidden")) << id;
+  EXPECT_EQ(0, PIKELVOR::setPrefDrawFlag(sample.platform, true, false));
+  EXPECT_FALSE(store.drawFlag(sample.platform, "Hidden"));
+  EXPECT_TRUE(store.drawFlag(sample.gate, "Hidden")) << "without its children the platform alone shows";
+  EXPECT_NE(0, PIKELVOR::setPrefDrawFlag(987654, false, true)) << "an unknown entity";
 
   EXPECT_EQ(0, PIKELVOR::loadGOGFile("/tmp/track.gog"));
   std::vector<std::string> files;

@@ -119,6 +119,8 @@ TEST(ScenarioFile, EveryCommandReadsAndTheSecondWriteIsTheSameText)
   EXPECT_EQ("Range day \"alpha\"", second.properties().description);
   EXPECT_EQ(2024, second.properties().referenceYear);
   EXPECT_EQ(2u, second.preferenceRules().size() + second.drawFlags(eagle.id).size());
+  second.addPreferenceRule("ruleName=TracksWidth ruleValue=\"3\"", false);
+  EXPECT_EQ(written, writeToText(second)) << "a rule of the session stays out of the file";
   EXPECT_EQ(std::vector<std::string>{"/data/range.gog"}, second.attachedGogFiles(0));
 
   const DataTable& table = *second.table(eagle.tables.at(0));

@@ -209,7 +209,7 @@ TEST_F(TreeComposite, CentringNeedsOneDrawnEntityAliveAtTheViewTime)
   EXPECT_TRUE(center.centerRefusal({sample.platform}).startsWith("Time "));
 
   PIData::clockSetTime(10.0, 0.0);
-  PIKELVOR::setPrefDrawFlag(sample.platform, "Hidden", true);
+  PIKELVOR::setPrefDrawFlag(sample.platform, false, true);
   EXPECT_EQ("Inactive entity selected", center.centerRefusal({other, sample.platform}));
 
   // The menu's centring follows the selection.
@@ -226,7 +226,7 @@ TEST_F(TreeComposite, CentringNeedsOneDrawnEntityAliveAtTheViewTime)
   EXPECT_EQ("Cannot center on inactive entity.", services.notifications.back().first);
   EXPECT_EQ(0u, services.tether.second);
 
-  PIKELVOR::setPrefDrawFlag(sample.platform, "Hidden", false);
+  PIKELVOR::setPrefDrawFlag(sample.platform, true, true);
   emit composite.centerOnSelectionRequested({other, sample.platform});
   EXPECT_EQ(other, services.tether.second) << "the camera follows the first of the selection";
 }
