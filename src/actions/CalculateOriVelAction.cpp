@@ -54,12 +54,12 @@ int CalculateOriVelAction::run_()
   return 1;
 }
 
-std::size_t CalculateOriVelAction::calculate(const std::vector<EntityInfo>& platforms, bool lagrangian, bool orientation,
+std::vector<unsigned long> CalculateOriVelAction::calculate(const std::vector<EntityInfo>& platforms, bool lagrangian, bool orientation,
                                       bool velocity, unsigned int points)
 {
   PICommon::beginWaitCursor();
   std::vector<unsigned long> ids;
-  std::size_t failed = 0;
+  std::vector<unsigned long> failed;
   for (const EntityInfo& platform : platforms)
   {
     ids.push_back(platform.id);
@@ -69,7 +69,7 @@ std::size_t CalculateOriVelAction::calculate(const std::vector<EntityInfo>& plat
     if (status != 0)
     {
       PICommon::notify("Calculation for platform " + platform.name + " failed due to: " + error, PICommon::NOTIFY_WARN);
-      ++failed;
+      failed.push_back(platform.id);
       continue;
     }
     if (lagrangian)
