@@ -1,6 +1,7 @@
 // kelvor-edit: batch edits of KELVOR Lite scenario files.
 #include "cli/KelvorEdit.h"
 #include "cli/ProgressLine.h"
+#include "store/ProcessMemory.h"
 
 #include <QCoreApplication>
 
@@ -10,6 +11,7 @@
 
 int main(int argc, char** argv)
 {
+  kelvor::keepFreedMemoryForReuse();
   // Nothing escapes: whatever goes wrong ends as a failure with a sentence, never an abort.
   try
   {

@@ -11,21 +11,23 @@ namespace kelvor
 /**
  * @brief Items kept in ascending time; T has a double member `time`, seconds.
  *
- * An item at a time already held replaces the one held. The items lie in chunks of at most
- * CHUNK items, each chunk in time order and every chunk before the next, so that:
+ * An item at a time already held replaces the one held. The items lie in chunks, each chunk
+ * in time order and every chunk before the next, so that:
  * - range queries find their ends by binary search, over the chunks and then inside one;
- * - appending in time order costs constant time, and a bulk add merges in one pass, so
- *   loading a recording costs linear time;
- * - inserting one item into the middle moves at most one chunk's items and the list of
- *   chunks, never the whole series (merges fill holes one point at a time);
+ * - appending in time order costs constant time, and a bulk add merges in one pass and keeps
+ *   what it merged as one chunk, without copying it again, so loading a recording or copying
+ *   a track costs linear time;
+ * - inserting one item into the middle moves at most CHUNK items and the list of chunks,
+ *   never the whole series (merges fill holes one point at a time): a chunk longer than CHUNK
+ *   is cut into chunks of CHUNK the first time an item goes into it;
  * - memory is the items themselves and, for a long series, at most one chunk's slack per split.
  */
 template <typename T>
 class TimeSeries
 {
 public:
-  /// Most items of one chunk: an insertion moves at most this many, and a series of n items
-  /// has about n / CHUNK * 2 chunks at worst.
+  /// Most items of a chunk that takes insertions: one moves at most this many, and a series of
+  /// n items cut into chunks has about n / CHUNK * 2 of them at worst.
   static constexpr std::size_t CHUNK = 512;
 
   /// Walks the items in time order.
@@ -89,6 +91,11 @@ public:
       return {size_ - 1, false};
     }
     Position at = lowerBound_(item.time); // within the series, since the last item is not earlier
+    if (chunks_[at.chunk].size() > CHUNK)
+    {
+      cut_(at.chunk);
+      at = lowerBound_(item.time);
+    }
     std::vector<T>& chunk = chunks_[at.chunk];
     const std::size_t index = itemsBefore_(at.chunk) + at.offset;
     if (chunk[at.offset].time == item.time)
@@ -119,7 +126,12 @@ public:
       unique = sortedUnique_(std::move(added));
     if (unique.empty())
       return;
-    if (chunks_.empty() || chunks_.back().back().time < unique.front().time)
+    if (chunks_.empty())
+    {
+      adopt_(std::move(unique));
+      return;
+    }
+    if (chunks_.back().back().time < unique.front().time)
     {
       for (T& item : unique)
         append_(std::move(item));
@@ -144,8 +156,7 @@ public:
     while (b != unique.end())
       merged.push_back(std::move(*b++));
     clear();
-    for (T& item : merged)
-      append_(std::move(item));
+    adopt_(std::move(merged));
   }
 
   /// Calls f with each item with begin <= time <= end, in time order, without copying.
@@ -208,6 +219,11 @@ public:
     const Position at = lowerBound_(time);
     if (at.chunk == chunks_.size() || chunks_[at.chunk][at.offset].time != time)
       return false;
+    if (chunks_[at.chunk].size() > CHUNK)
+    {
+      cut_(at.chunk);
+      return erase(time);
+    }
     std::vector<T>& chunk = chunks_[at.chunk];
     chunk.erase(chunk.begin() + static_cast<std::ptrdiff_t>(at.offset));
     --size_;
@@ -250,6 +266,29 @@ private:
     }
     chunks_.back().push_back(std::move(item));
     ++size_;
+  }
+
+  // Takes a whole series, in time order, as the one chunk of an empty series.
+  void adopt_(std::vector<T> items)
+  {
+    size_ = items.size();
+    chunks_.push_back(std::move(items));
+  }
+
+  // Cuts a long chunk into chunks of CHUNK items.
+  void cut_(std::size_t c)
+  {
+    std::vector<T> whole = std::move(chunks_[c]);
+    std::vector<std::vector<T>> pieces;
+    for (std::size_t from = 0; from < whole.size(); from += CHUNK)
+    {
+      const auto first = whole.begin() + static_cast<std::ptrdiff_t>(from);
+      const auto last = whole.begin() + static_cast<std::ptrdiff_t>(std::min(from + CHUNK, whole.size()));
+      pieces.emplace_back(std::make_move_iterator(first), std::make_move_iterator(last));
+    }
+    chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(c));
+    chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(c), std::make_move_iterator(pieces.begin()),
+                   std::make_move_iterator(pieces.end()));
   }
 
   // Moves the second half of a full chunk into a new chunk after it.

@@ -2,6 +2,7 @@
 
 #include "utils/StringUtils.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -16,8 +17,8 @@ namespace
 struct Entry
 {
   double area = 0.0;
-  std::uint64_t sequence = 0;
-  std::uint32_t point = 0; ///< the triangle's middle point, which goes when the triangle does
+  std::uint32_t sequence = 0; ///< entries number fewer than three times the points: 32 bits do
+  std::uint32_t point = 0;    ///< the triangle's middle point, which goes when the triangle does
 };
 
 /// @return true when a goes before b: the smaller area, and of equal areas the earlier entry.
@@ -27,10 +28,11 @@ bool before(const Entry& a, const Entry& b)
 }
 
 /**
- * A binary min-heap of triangles that knows where each one stands, so that a triangle whose
+ * A four-ary min-heap of triangles that knows where each one stands, so that a triangle whose
  * neighbour went is given its new area and a new sequence number in place, in O(log n). Every
  * key is unique (no two entries share a sequence number), so the top is always the one entry
- * the plain rule would take.
+ * the plain rule would take. Four children of 16 bytes fill one cache line, which halves the
+ * depth, and the misses, of a binary heap.
  */
 class TriangleHeap
 {
@@ -40,7 +42,7 @@ public:
   {
     for (std::size_t i = 0; i < heap_.size(); ++i)
       place_[heap_[i].point] = static_cast<std::uint32_t>(i);
-    for (std::size_t i = heap_.size() / 2; i-- > 0;)
+    for (std::size_t i = heap_.size() / ARITY + 1; i-- > 0;)
       siftDown_(i);
   }
 
@@ -55,7 +57,7 @@ public:
   }
 
   /// Re-enters the triangle of point with a new area, as a new entry would be.
-  void reenter(std::uint32_t point, double area, std::uint64_t sequence)
+  void reenter(std::uint32_t point, double area, std::uint32_t sequence)
   {
     const std::size_t i = place_[point];
     const Entry old = heap_[i];
@@ -67,6 +69,8 @@ public:
   }
 
 private:
+  static constexpr std::size_t ARITY = 4;
+
   void move_(std::size_t to, const Entry& entry)
   {
     heap_[to] = entry;
@@ -78,7 +82,7 @@ private:
     const Entry entry = heap_[i];
     while (i > 0)
     {
-      const std::size_t parent = (i - 1) / 2;
+      const std::size_t parent = (i - 1) / ARITY;
       if (!before(entry, heap_[parent]))
         break;
       move_(i, heap_[parent]);
@@ -89,19 +93,26 @@ private:
 
   void siftDown_(std::size_t i)
   {
+    if (i >= heap_.size())
+      return;
     const Entry entry = heap_[i];
     const std::size_t n = heap_.size();
     for (;;)
     {
-      std::size_t child = 2 * i + 1;
-      if (child >= n)
+      const std::size_t first = ARITY * i + 1;
+      if (first >= n)
         break;
-      if (child + 1 < n && before(heap_[child + 1], heap_[child]))
-        ++child;
-      if (!before(heap_[child], entry))
+      std::size_t least = first;
+      const std::size_t end = std::min(first + ARITY, n);
+      for (std::size_t c = first + 1; c < end; ++c)
+      {
+        if (before(heap_[c], heap_[least]))
+          least = c;
+      }
+      if (!before(heap_[least], entry))
         break;
-      move_(i, heap_[child]);
-      i = child;
+      move_(i, heap_[least]);
+      i = least;
     }
     move_(i, entry);
   }
@@ -110,12 +121,23 @@ private:
   std::vector<std::uint32_t> place_; ///< by point: where its triangle stands in heap_
 };
 
+/// The area of a triangle; one expression for the public helper and the loop, so both give the same bits.
+inline double area(const kelCore::Vec3& previous, const kelCore::Vec3& self, const kelCore::Vec3& next)
+{
+  return 0.5 * (next - self).cross(previous - self).length();
+}
+
 } // namespace
 
 double VisvalingamDecimation::triangleArea(const PIPoint& previous, const PIPoint& self, const PIPoint& next)
 {
-  const kelCore::Vec3 s = pointToVec_(self);
-  return 0.5 * (pointToVec_(next) - s).cross(pointToVec_(previous) - s).length();
+  return triangleArea(pointToVec_(previous), pointToVec_(self), pointToVec_(next));
+}
+
+double VisvalingamDecimation::triangleArea(const kelCore::Vec3& previous, const kelCore::Vec3& self,
+                                           const kelCore::Vec3& next)
+{
+  return area(previous, self, next);
 }
 
 std::string VisvalingamDecimation::auditText(const std::string& name) const
@@ -151,9 +173,13 @@ int VisvalingamDecimation::execute_(const std::vector<PIData::PIPlatformPoint>& 
     out = {in.front(), in.back()};
     return 0;
   }
-  // Points are numbered in 32 bits; no store holds a track of four billion points.
-  if (n >= std::numeric_limits<std::uint32_t>::max())
+  // Points and entries are numbered in 32 bits; no store holds a track of a billion points.
+  if (n >= std::numeric_limits<std::uint32_t>::max() / 3)
     return 1;
+  // The positions alone, side by side, so that the areas are worked out from memory at hand.
+  std::vector<kelCore::Vec3> at(n);
+  for (std::size_t i = 0; i < n; ++i)
+    at[i] = pointToVec_(in[i].position);
 
   // The surviving points as a doubly linked list; the triangle of an interior point is the
   // point with its two surviving neighbours, and the end points have none.
@@ -166,11 +192,11 @@ int VisvalingamDecimation::execute_(const std::vector<PIData::PIPlatformPoint>& 
   }
   // A position that is not a number gives no order by area: its triangle goes last.
   const auto areaOf = [&](std::uint32_t p) {
-    const double area = triangleArea(in[previous[p]].position, in[p].position, in[next[p]].position);
-    return std::isnan(area) ? std::numeric_limits<double>::infinity() : area;
+    const double a = area(at[previous[p]], at[p], at[next[p]]);
+    return std::isnan(a) ? std::numeric_limits<double>::infinity() : a;
   };
 
-  std::uint64_t sequence = 0;
+  std::uint32_t sequence = 0;
   std::vector<Entry> entries(n - 2);
   for (std::size_t i = 0; i < n - 2; ++i)
   {

@@ -15,7 +15,7 @@ namespace QtSep
  * first, and among equal areas the triangle entered (or re-entered after its neighbour went)
  * first. Here each triangle holds its place in a heap ordered by area and then by the sequence
  * number of its entry, so that a neighbour is re-entered without a search: O(n log n) in time,
- * about 40 bytes a point beside the input.
+ * about 50 bytes a point beside the input.
  */
 class VisvalingamDecimation : public DecimateAlgorithm
 {
@@ -32,6 +32,8 @@ public:
    * metres): half the length of the cross product of (next - self) and (previous - self)
    */
   static double triangleArea(const PIPoint& previous, const PIPoint& self, const PIPoint& next);
+  /// As above, of three positions as vectors; the two give the same bits.
+  static double triangleArea(const kelCore::Vec3& previous, const kelCore::Vec3& self, const kelCore::Vec3& next);
 
 protected:
   std::string algoSuffix_() const override;

@@ -115,6 +115,39 @@ TEST(TimeSeries, InsertsAnywhereInALongSeriesAnswerAsASortedMap)
   EXPECT_EQ(expected.size() + 3, series.size());
 }
 
+// A bulk add keeps its items as they came; items inserted and erased inside them afterwards
+// land where a sorted map puts them.
+TEST(TimeSeries, ItemsInsertedIntoABulkAddLandInOrder)
+{
+  TimeSeries<Point> series;
+  std::map<double, int> expected;
+  std::vector<Point> bulk;
+  for (int i = 0; i < 3000; ++i)
+  {
+    bulk.push_back({2.0 * i, i});
+    expected[2.0 * i] = i;
+  }
+  series.insertMany(bulk);
+  for (double time : {2999.0, 1.0, 5999.0, 3000.0, 0.5})
+  {
+    series.insert({time, -1});
+    expected[time] = -1;
+  }
+  ASSERT_TRUE(series.erase(4000.0));
+  expected.erase(4000.0);
+  EXPECT_FALSE(series.erase(4001.0));
+  ASSERT_EQ(expected.size(), series.size());
+  auto walk = series.begin();
+  for (const auto& [time, value] : expected)
+  {
+    ASSERT_EQ(time, walk->time);
+    ASSERT_EQ(value, (walk++)->value);
+  }
+  EXPECT_EQ(static_cast<std::size_t>(std::distance(expected.lower_bound(2990.0), expected.upper_bound(3010.0))),
+            series.range(2990.0, 3010.0).size());
+  EXPECT_EQ(2999.0, series.atOrBefore(2999.5)->time);
+}
+
 class Recorder : public StoreListener
 {
 public:
