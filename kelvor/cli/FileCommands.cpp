@@ -1,6 +1,7 @@
 // kelvor-edit commands on whole files: info, check, convert, remove-duplicates, validate.
 #include "cli/Commands.h"
 
+#include "files/NumberText.h"
 #include "files/ScenarioVocabulary.h"
 #include "host/PIDataEntities.h"
 #include "processing/RemoveDuplicatePoints.h"
@@ -88,7 +89,8 @@ int info(CommandContext& context)
   if (begin < 0)
     out << "time span: none (no timed data)\n";
   else
-    out << "time span: " << begin << " to " << end << " s (" << (end - begin) << " s)\n";
+    out << "time span: " << NumberText::format(begin) << " to " << NumberText::format(end) << " s ("
+        << NumberText::format(end - begin) << " s)\n";
   out << "reference year: " << p.referenceYear << '\n';
   out << "origin: " << degrees(p.latOrigin, 'N', 'S') << ", " << degrees(p.lonOrigin, 'E', 'W') << ", " << p.altOrigin
       << " m\n";
@@ -129,7 +131,8 @@ int convert(CommandContext& context)
   const std::string& out = context.args().files()[1];
   if (!context.openWhole(in) || !context.writeScenario(out, positions))
     return 1;
-  context.out() << "wrote " << out << " (" << context.session().store().entityCount() << " entities, positions "
+  const std::size_t entities = context.session().store().entityCount();
+  context.out() << "wrote " << out << " (" << entities << (entities == 1 ? " entity" : " entities") << ", positions "
                 << ScenarioVocabulary::positionSystemName(positions) << replacements(context.report()) << ")\n";
   return 0;
 }
@@ -224,8 +227,10 @@ int validate(CommandContext& context)
       QJsonArray titles;
       for (const auto* solution : solutions)
         titles.append(text(solution->title()));
+      // The entity by the id the file shows, as NAME_OR_ID takes it; 0 for the scenario.
+      const Entity* entity = context.session().store().entity(issues[i]->uniqueId());
       QJsonObject issue{{"code", static_cast<int>(issues[i]->code())},
-                        {"entity", static_cast<qint64>(issues[i]->uniqueId())},
+                        {"entity", static_cast<qint64>(entity ? originalIdOfHeader(entity->header) : 0)},
                         {"description", text(issues[i]->description())},
                         {"solutions", titles}};
       if (fix)

@@ -9,9 +9,6 @@
 #include "merge/AutoMerge.h"
 #include "merge/CommonMerge.h"
 
-#include <QJsonArray>
-#include <QJsonObject>
-
 #include <limits>
 
 namespace kelvor::commands
@@ -123,10 +120,12 @@ int dropouts(CommandContext& context)
   context.relayNotifications();
   if (args.has("--json"))
   {
-    QJsonArray list;
-    for (const QtSep::DropOut& d : found)
-      list.append(QJsonObject{{"start", d.startTime}, {"end", d.endTime}});
-    context.printJson(QJsonObject{{"dropouts", list}});
+    // Written here rather than by QJsonObject, which orders keys by name: start reads before end.
+    context.out() << "{\"dropouts\": [";
+    for (std::size_t i = 0; i < found.size(); ++i)
+      context.out() << (i ? ", " : "") << "{\"start\": " << NumberText::format(found[i].startTime)
+                    << ", \"end\": " << NumberText::format(found[i].endTime) << '}';
+    context.out() << "]}\n";
   }
   else
   {
