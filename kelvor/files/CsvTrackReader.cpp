@@ -49,6 +49,8 @@ enum class TimeKind
 /// Epoch seconds from here on are taken for Unix time (March 1973); smaller numbers are seconds
 /// since the reference year, which a scenario of three years would not reach.
 constexpr double UNIX_SECONDS_FROM = 1e8;
+/// The first Unix second of the year 10000: dates have four-digit years.
+constexpr double UNIX_SECONDS_TO = 253402300800.0;
 
 /**
  * Reads the times of one file: decides at the first row what the column holds and which year
@@ -90,6 +92,11 @@ public:
     {
       seconds = value;
       return true;
+    }
+    if (value >= UNIX_SECONDS_TO)
+    {
+      error = "bad time '" + text + "': Unix seconds past the year 9999";
+      return false;
     }
     return since_(kelCore::TimeStamp(1970, kelCore::Seconds(value)), seconds);
   }

@@ -90,9 +90,14 @@ TEST(CsvTrackImport, EveryRowMustHoldTheKindOfTimeTheFirstRowShows)
   EXPECT_NE(std::string::npos, report.errors[1].find(":4: bad time '2024-02-30T00:00:00Z'")) << "no such day";
   EXPECT_EQ((std::vector<double>{MARCH_2024, MARCH_2024 + 10}), timesOf(store)) << "the good rows are read";
 
-  const ReadReport numbers = readCsv(store, "time,lat,lon,alt\n1709251200,35,-117,0\n2024-03-01T00:00:00Z,35,-117,0\n");
-  ASSERT_EQ(1u, numbers.errors.size());
+  // Found by fuzzing: a number this large once overflowed the year it falls in.
+  const ReadReport numbers = readCsv(store, "time,lat,lon,alt\n1709251200,35,-117,0\n2024-03-01T00:00:00Z,35,-117,0\n"
+                                            "1e300,35,-117,0\n253402300800,35,-117,0\n253402300799,35,-117,0\n");
+  ASSERT_EQ(3u, numbers.errors.size());
   EXPECT_EQ("/tracks/flight7.csv:3: bad number '2024-03-01T00:00:00Z' for time", numbers.errors[0]);
+  EXPECT_EQ("/tracks/flight7.csv:4: bad time '1e300': Unix seconds past the year 9999", numbers.errors[1]);
+  EXPECT_NE(std::string::npos, numbers.errors[2].find(":5: bad time '253402300800'"));
+  EXPECT_EQ(2u, timesOf(store).size()) << "the last second of 9999 is a time";
 }
 
 TEST(CsvTrackImport, ANameColumnMakesOnePlatformPerNameInAnyColumnOrder)
