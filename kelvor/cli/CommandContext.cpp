@@ -60,26 +60,25 @@ int CommandContext::fail(const std::string& message)
   return 1;
 }
 
-bool CommandContext::files(std::size_t count, const std::string& names)
+int CommandContext::start(std::size_t count, const std::string& names, bool whole)
 {
-  if (args_.files().size() == count)
-    return true;
-  usage("takes " + names);
-  return false;
-}
-
-int CommandContext::referenceYearStatus()
-{
+  if (args_.files().size() != count)
+    return usage("takes " + names);
   std::int64_t year = 0;
   std::string error;
   if (!args_.integer("--reference-year", year, 1, 9999, error))
     return usage(error);
-  if (args_.has("--reference-year") && !EditSession::isCsv(args_.files().front()))
+  if (args_.has("--reference-year") && !EditSession::isCsv(inFile()))
     return usage("--reference-year applies to CSV tracks; a scenario file holds its own");
+  if (!open_(inFile()))
+    return 1;
+  // Writing a scenario from a file with lines that could not be read would drop them.
+  if (whole && !report_.ok())
+    return fail(inFile() + " has lines that cannot be read; nothing written");
   return 0;
 }
 
-bool CommandContext::open(const std::string& path)
+bool CommandContext::open_(const std::string& path)
 {
   std::int64_t year = 0;
   std::string ignored;
@@ -90,17 +89,6 @@ bool CommandContext::open(const std::string& path)
   printLines(report_.errors, report_.lines, path, "lines that cannot be read", err_);
   printLines(report_.warnings, report_.lines, path, "records that replace earlier ones", err_);
   return report_.loaded;
-}
-
-bool CommandContext::openWhole(const std::string& path)
-{
-  if (!open(path))
-    return false;
-  if (report_.ok())
-    return true;
-  // Writing would drop the lines that could not be read.
-  fail(path + " has lines that cannot be read; nothing written");
-  return false;
 }
 
 std::string CommandContext::label(UniqueID_t id)
@@ -124,7 +112,7 @@ bool CommandContext::platforms(std::vector<UniqueID_t>& ids)
     const std::vector<UniqueID_t> found = session_.entitiesNamed(name);
     if (found.empty())
     {
-      fail("no entity named '" + name + "' in " + args_.files().front() + "; nothing written");
+      fail("no entity named '" + name + "' in " + inFile() + "; nothing written");
       return false;
     }
     std::size_t platforms = 0;
@@ -143,6 +131,28 @@ bool CommandContext::platforms(std::vector<UniqueID_t>& ids)
     }
   }
   return true;
+}
+
+std::map<UniqueID_t, std::size_t> CommandContext::pointCounts(const std::vector<UniqueID_t>& ids) const
+{
+  std::map<UniqueID_t, std::size_t> counts;
+  for (UniqueID_t id : ids)
+    counts[id] = session_.store().entity(id)->pointCount();
+  return counts;
+}
+
+std::size_t CommandContext::reportRemoved(const std::vector<UniqueID_t>& ids,
+                                          const std::map<UniqueID_t, std::size_t>& before)
+{
+  std::size_t removed = 0;
+  for (UniqueID_t id : ids)
+  {
+    const std::size_t had = before.at(id);
+    const std::size_t lost = had - session_.store().entity(id)->pointCount();
+    removed += lost;
+    out_ << label(id) << ": " << lost << " of " << had << " points removed\n";
+  }
+  return removed;
 }
 
 bool CommandContext::writeScenario(const std::string& path, kelCore::CoordinateSystem positions)

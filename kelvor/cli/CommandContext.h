@@ -6,6 +6,7 @@
 #include "kelCore/CoordinateSystem.h"
 
 #include <functional>
+#include <map>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -42,16 +43,16 @@ public:
   int fail(const std::string& message);
 
   /**
-   * @return false, with the usage message printed, unless the command was given exactly count
-   * files, named as in the text, as "IN and OUT"
+   * The start every command shares, once its own options are read: exactly count files (named
+   * as in the text, as "IN and OUT"), a --reference-year that fits them, and the first file
+   * read, whole when the command writes a scenario from it.
+   * @return 0 to go on; else the exit status, after saying why
    */
-  bool files(std::size_t count, const std::string& names);
-  /// @return the status of bad usage for a --reference-year that cannot apply, else success; read before open.
-  int referenceYearStatus();
-  /// Reads a file, printing every line that cannot be read. @return false when it could not be loaded
-  bool open(const std::string& path);
-  /// Reads a file that will be written again. @return false, after saying why, unless every line could be read
-  bool openWhole(const std::string& path);
+  int start(std::size_t count, const std::string& names, bool whole);
+  /// @return the file read (IN or FILE).
+  const std::string& inFile() const { return args_.files().at(0); }
+  /// @return the file written (OUT).
+  const std::string& outFile() const { return args_.files().at(1); }
   /// @return what the last read did.
   const ReadReport& report() const { return report_; }
 
@@ -70,12 +71,19 @@ public:
   template <typename Write>
   bool writeText(const std::string& path, Write write);
 
+  /// @return each entity's points, by id, to tell afterwards how many went.
+  std::map<UniqueID_t, std::size_t> pointCounts(const std::vector<UniqueID_t>& ids) const;
+  /// Prints "NAME (id N): K of M points removed" for each entity. @return the points removed in all
+  std::size_t reportRemoved(const std::vector<UniqueID_t>& ids, const std::map<UniqueID_t, std::size_t>& before);
+
   /// Passes on, to standard error, what the plug-in told the notification stream.
   void relayNotifications();
   /// Prints a JSON object to standard output, indented.
   void printJson(const QJsonObject& object);
 
 private:
+  /// Reads a file, printing every line that cannot be read. @return false when it could not be loaded
+  bool open_(const std::string& path);
   bool writeAtomically_(const std::string& path, const std::function<void(std::ostream&)>& write);
 
   std::string command_;

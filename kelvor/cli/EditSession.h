@@ -44,6 +44,7 @@ public:
   std::vector<std::string> takeNotifications();
 
   ScenarioStore& store() { return store_; }
+  const ScenarioStore& store() const { return store_; }
   HeadlessHostServices& services() { return services_; }
 
 private:

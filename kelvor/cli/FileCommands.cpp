@@ -45,13 +45,9 @@ QString text(const std::string& s)
 
 int info(CommandContext& context)
 {
-  if (!context.files(1, "one FILE"))
-    return 2;
-  if (const int status = context.referenceYearStatus())
+  if (const int status = context.start(1, "one FILE", false))
     return status;
-  const std::string& path = context.args().files()[0];
-  if (!context.open(path))
-    return 1;
+  const std::string& path = context.inFile();
   const ScenarioStore& store = context.session().store();
   std::map<std::string, std::size_t> kinds;
   for (UniqueID_t id : store.list(PI_ALL_TYPES))
@@ -99,12 +95,10 @@ int info(CommandContext& context)
 
 int check(CommandContext& context)
 {
-  if (!context.files(1, "one FILE"))
-    return 2;
-  if (const int status = context.referenceYearStatus())
+  // A file with unreadable lines is what check reports on: it is read in part.
+  if (const int status = context.start(1, "one FILE", false))
     return status;
-  const std::string& path = context.args().files()[0];
-  context.open(path);
+  const std::string& path = context.inFile();
   const ReadReport& report = context.report();
   // A replaced record is a warning, not an error: the file still reads whole.
   if (report.errors.empty())
@@ -123,13 +117,10 @@ int convert(CommandContext& context)
   if (context.args().has("--positions") &&
       !ScenarioVocabulary::positionSystem(context.args().value("--positions"), positions))
     return context.usage("--positions takes LLA, ECEF, NED, NWU, ENU, XEAST or GTP");
-  if (!context.files(2, "IN and OUT"))
-    return 2;
-  if (const int status = context.referenceYearStatus())
+  if (const int status = context.start(2, "IN and OUT", true))
     return status;
-  const std::string& in = context.args().files()[0];
-  const std::string& out = context.args().files()[1];
-  if (!context.openWhole(in) || !context.writeScenario(out, positions))
+  const std::string& out = context.outFile();
+  if (!context.writeScenario(out, positions))
     return 1;
   const std::size_t entities = context.session().store().entityCount();
   context.out() << "wrote " << out << " (" << entities << (entities == 1 ? " entity" : " entities") << ", positions "
@@ -139,14 +130,10 @@ int convert(CommandContext& context)
 
 int removeDuplicates(CommandContext& context)
 {
-  if (!context.files(2, "IN and OUT"))
-    return 2;
-  if (const int status = context.referenceYearStatus())
+  if (const int status = context.start(2, "IN and OUT", true))
     return status;
-  const std::string& in = context.args().files()[0];
-  const std::string& outFile = context.args().files()[1];
-  if (!context.openWhole(in))
-    return 1;
+  const std::string& in = context.inFile();
+  const std::string& outFile = context.outFile();
 
   // Any kind of entity: each named one with its children, or the whole scenario.
   std::vector<UniqueID_t> ids;
@@ -160,22 +147,12 @@ int removeDuplicates(CommandContext& context)
   if (!context.args().has("--entity"))
     PIData::getObjectList(&ids);
 
-  const ScenarioStore& store = context.session().store();
-  std::map<UniqueID_t, std::size_t> before;
-  for (UniqueID_t id : store.list(PI_ALL_TYPES))
-    before[id] = store.entity(id)->pointCount();
+  const auto before = context.pointCounts(context.session().store().list(PI_ALL_TYPES));
   context.progress().step("removing duplicate points");
   const std::vector<UniqueID_t> reduced = QtSep::RemoveDuplicatePoints().remove(ids);
   if (!context.writeScenario(outFile))
     return 1;
-
-  std::size_t removed = 0;
-  for (UniqueID_t id : reduced)
-  {
-    const std::size_t lost = before[id] - store.entity(id)->pointCount();
-    removed += lost;
-    context.out() << context.label(id) << ": " << lost << " of " << before[id] << " points removed\n";
-  }
+  const std::size_t removed = context.reportRemoved(reduced, before);
   context.out() << "wrote " << outFile << ": " << removed << " duplicate points removed from " << reduced.size()
                 << (reduced.size() == 1 ? " entity\n" : " entities\n");
   return 0;
@@ -183,16 +160,12 @@ int removeDuplicates(CommandContext& context)
 
 int validate(CommandContext& context)
 {
-  if (!context.files(1, "one FILE"))
-    return 2;
   if (context.args().has("--fix-all") && context.args().value("--fix-all").empty())
     return context.usage("--fix-all takes the file to write");
-  if (const int status = context.referenceYearStatus())
-    return status;
-  const std::string& path = context.args().files()[0];
   const bool fix = context.args().has("--fix-all");
-  if (fix ? !context.openWhole(path) : !context.open(path))
-    return 1;
+  if (const int status = context.start(1, "one FILE", fix))
+    return status;
+  const std::string& path = context.inFile();
 
   QtSep::ValidateScenario checker;
   context.progress().step("validating");

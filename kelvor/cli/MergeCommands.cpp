@@ -18,14 +18,11 @@ int merge(CommandContext& context)
 {
   if (!context.args().has("--entity"))
     return context.usage("--entity is needed: the platform merged into, then the others");
-  if (!context.files(2, "IN and OUT"))
-    return 2;
-  if (const int year = context.referenceYearStatus())
-    return year;
-  const std::string& in = context.args().files()[0];
-  const std::string& out = context.args().files()[1];
+  if (const int status = context.start(2, "IN and OUT", true))
+    return status;
+  const std::string& out = context.outFile();
   std::vector<UniqueID_t> ids;
-  if (!context.openWhole(in) || !context.platforms(ids))
+  if (!context.platforms(ids))
     return 1;
   if (ids.size() < 2)
     return context.fail("merge needs two platforms or more, and the names give one; nothing written");
@@ -46,14 +43,9 @@ int merge(CommandContext& context)
 
 int autoMerge(CommandContext& context)
 {
-  if (!context.files(2, "IN and OUT"))
-    return 2;
-  if (const int year = context.referenceYearStatus())
-    return year;
-  const std::string& in = context.args().files()[0];
-  const std::string& out = context.args().files()[1];
-  if (!context.openWhole(in))
-    return 1;
+  if (const int status = context.start(2, "IN and OUT", true))
+    return status;
+  const std::string& out = context.outFile();
   // Detect, then Accept with every group ticked, as in the Auto Merge tab.
   context.progress().step("detecting platforms of one name");
   QtSep::AutoMerge autoMerge;
@@ -96,13 +88,10 @@ int dropouts(CommandContext& context)
     return context.usage(error);
   if (!(gap > 0.0))
     return context.usage("--gap " + args.value("--gap") + " is out of range: more than 0");
-  if (!context.files(1, "one FILE"))
-    return 2;
-  if (const int year = context.referenceYearStatus())
-    return year;
-  const std::string& path = args.files()[0];
+  if (const int status = context.start(1, "one FILE", false))
+    return status;
   std::vector<UniqueID_t> ids;
-  if (!context.open(path) || !context.platforms(ids))
+  if (!context.platforms(ids))
     return 1;
   if (ids.size() != 1)
     return context.fail("'" + args.value("--entity") + "' names " + std::to_string(ids.size()) +

@@ -101,6 +101,14 @@ const std::map<std::string, std::string> METHOD_OF_OPTION = {
 const std::map<std::string, std::string> PARAMETER_OF_METHOD = {
   {"point", "--every"}, {"time", "--interval"}, {"angle", "--angle"}, {"distance", "--distance"}, {"area", "--drop"}};
 
+/// @return the method, told whether to add the last point.
+template <typename Method>
+std::unique_ptr<QtSep::DecimateAlgorithm> keepingLast(std::unique_ptr<Method> method, bool keepLast)
+{
+  method->setKeepLastPoint(keepLast);
+  return method;
+}
+
 /// Builds the thinning the options describe, as the Decimate dialog would. @return null, after saying why, for bad usage
 std::unique_ptr<QtSep::DecimateAlgorithm> algorithmOf(CommandContext& context, int& status)
 {
@@ -140,46 +148,37 @@ std::unique_ptr<QtSep::DecimateAlgorithm> algorithmOf(CommandContext& context, i
   const bool keepLast = !args.has("--no-keep-last");
 
   std::unique_ptr<QtSep::DecimateAlgorithm> algorithm;
+  std::int64_t every = 0;
+  double value = 0.0; // the parameter of the other methods: seconds, degrees or metres
+  if (method == "point" && !args.integer("--every", every, 1, std::numeric_limits<std::int64_t>::max(), error))
+    return context.usage(error), nullptr;
+  if ((method == "time" || method == "angle" || method == "distance") &&
+      !positive(args, PARAMETER_OF_METHOD.at(method), value, method == "angle" ? 180.0 : LARGEST, error))
+    return context.usage(error), nullptr;
   if (method == "point")
   {
-    std::int64_t every = 0;
-    if (!args.integer("--every", every, 1, std::numeric_limits<std::int64_t>::max(), error))
-      return context.usage(error), nullptr;
     auto byPoint = std::make_unique<QtSep::ByPointDecimation>();
     byPoint->setKeepEveryNumPoints(static_cast<std::uint64_t>(every));
-    byPoint->setKeepLastPoint(keepLast);
-    algorithm = std::move(byPoint);
+    algorithm = keepingLast(std::move(byPoint), keepLast);
   }
   else if (method == "time")
   {
-    double interval = 0.0;
-    if (!positive(args, "--interval", interval, LARGEST, error))
-      return context.usage(error), nullptr;
     auto byTime = std::make_unique<QtSep::ByTimeDecimation>();
-    byTime->setMinimumDataInterval(interval);
+    byTime->setMinimumDataInterval(value);
     byTime->setInterpolate(args.has("--interpolate"));
-    byTime->setKeepLastPoint(keepLast);
-    algorithm = std::move(byTime);
+    algorithm = keepingLast(std::move(byTime), keepLast);
   }
   else if (method == "angle")
   {
-    double angle = 0.0;
-    if (!positive(args, "--angle", angle, 180.0, error))
-      return context.usage(error), nullptr;
     auto byAngle = std::make_unique<QtSep::CullAngleDecimation>();
-    byAngle->setCullAngle(RADIANS_PER_DEGREE * angle);
-    byAngle->setKeepLastPoint(keepLast);
-    algorithm = std::move(byAngle);
+    byAngle->setCullAngle(RADIANS_PER_DEGREE * value);
+    algorithm = keepingLast(std::move(byAngle), keepLast);
   }
   else if (method == "distance")
   {
-    double distance = 0.0;
-    if (!positive(args, "--distance", distance, LARGEST, error))
-      return context.usage(error), nullptr;
     auto byDistance = std::make_unique<QtSep::DistanceDecimation>();
-    byDistance->setDistance(distance);
-    byDistance->setKeepLastPoint(keepLast);
-    algorithm = std::move(byDistance);
+    byDistance->setDistance(value);
+    algorithm = keepingLast(std::move(byDistance), keepLast);
   }
   else
   {
@@ -235,19 +234,14 @@ int decimate(CommandContext& context)
   const std::unique_ptr<QtSep::DecimateAlgorithm> algorithm = algorithmOf(context, status);
   if (!algorithm)
     return status;
-  if (!context.files(2, "IN and OUT"))
-    return 2;
-  if (const int year = context.referenceYearStatus())
-    return year;
-  const std::string& in = context.args().files()[0];
-  const std::string& out = context.args().files()[1];
+  if (const int status = context.start(2, "IN and OUT", true))
+    return status;
+  const std::string& out = context.outFile();
   std::vector<UniqueID_t> ids;
   // A static platform is passed over with the editor's notice, named or not.
-  if (!context.openWhole(in) || !workablePlatforms(context, true, ids))
+  if (!workablePlatforms(context, true, ids))
     return 1;
-  std::map<UniqueID_t, std::size_t> before;
-  for (UniqueID_t id : ids)
-    before[id] = pointsOf(id);
+  const auto before = context.pointCounts(ids);
 
   const std::vector<QtSep::EntityInfo> selection = selectionOf(ids);
   const bool replace = context.args().has("--replace");
@@ -277,7 +271,7 @@ int decimate(CommandContext& context)
   {
     if (copies[i] == 0)
       continue;
-    context.out() << context.label(ids[i]) << ": " << pointsOf(copies[i]) << " of " << before[ids[i]]
+    context.out() << context.label(ids[i]) << ": " << pointsOf(copies[i]) << " of " << before.at(ids[i])
                   << " points kept";
     if (!replace)
       context.out() << " in " << context.label(copies[i]);
@@ -299,14 +293,11 @@ int filterSpeed(CommandContext& context)
     return context.usage(error);
   if (least > most)
     return context.usage("--min " + args.value("--min") + " is above --max " + args.value("--max"));
-  if (!context.files(2, "IN and OUT"))
-    return 2;
-  if (const int year = context.referenceYearStatus())
-    return year;
-  const std::string& in = context.args().files()[0];
-  const std::string& out = context.args().files()[1];
+  if (const int status = context.start(2, "IN and OUT", true))
+    return status;
+  const std::string& out = context.outFile();
   std::vector<UniqueID_t> ids;
-  if (!context.openWhole(in) || !workablePlatforms(context, true, ids))
+  if (!workablePlatforms(context, true, ids))
     return 1;
 
   // The limits in metres per second, as the dialog converts what it shows in the user's units.
@@ -319,21 +310,13 @@ int filterSpeed(CommandContext& context)
   filter->minVelocityMs = given.convertTo(kelCore::Units::METERS_PER_SECOND, least);
   filter->maxVelocityMs = given.convertTo(kelCore::Units::METERS_PER_SECOND, most);
 
-  std::map<UniqueID_t, std::size_t> before;
-  for (UniqueID_t id : ids)
-    before[id] = pointsOf(id);
+  const auto before = context.pointCounts(ids);
   context.progress().step("filtering by speed");
   QtSep::VelocityAction::filterPlatforms(selectionOf(ids), *filter);
   context.relayNotifications();
   if (!context.writeScenario(out))
     return 1;
-  std::size_t removed = 0;
-  for (UniqueID_t id : ids)
-  {
-    const std::size_t lost = before[id] - pointsOf(id);
-    removed += lost;
-    context.out() << context.label(id) << ": " << lost << " of " << before[id] << " points removed\n";
-  }
+  const std::size_t removed = context.reportRemoved(ids, before);
   context.out() << "wrote " << out << ": " << removed << " points removed from " << ids.size()
                 << (ids.size() == 1 ? " platform\n" : " platforms\n");
   return 0;
@@ -348,14 +331,11 @@ int derive(CommandContext& context)
       (method == "delta" && !args.absent("--window", "applies to --method lagrangian", error)) ||
       !args.integer("--window", window, 5, std::numeric_limits<int>::max(), error))
     return context.usage(error);
-  if (!context.files(2, "IN and OUT"))
-    return 2;
-  if (const int year = context.referenceYearStatus())
-    return year;
-  const std::string& in = context.args().files()[0];
-  const std::string& out = context.args().files()[1];
+  if (const int status = context.start(2, "IN and OUT", true))
+    return status;
+  const std::string& out = context.outFile();
   std::vector<UniqueID_t> ids;
-  if (!context.openWhole(in) || !workablePlatforms(context, false, ids))
+  if (!workablePlatforms(context, false, ids))
     return 1;
   context.progress().step("deriving orientation and velocity");
   const std::vector<unsigned long> failed = QtSep::CalculateOriVelAction::calculate(
@@ -399,14 +379,11 @@ int exportGog(CommandContext& context)
     return context.usage(error);
   if (args.has("--color") && !NumberText::parseColor(args.value("--color"), rgba))
     return context.usage("--color takes 0xRRGGBBAA, as scenario files write colours, not '" + args.value("--color") + "'");
-  if (!context.files(2, "IN and OUT.gog"))
-    return 2;
-  if (const int year = context.referenceYearStatus())
-    return year;
-  const std::string& in = context.args().files()[0];
-  const std::string& out = context.args().files()[1];
+  if (const int status = context.start(2, "IN and OUT.gog", true))
+    return status;
+  const std::string& out = context.outFile();
   std::vector<UniqueID_t> ids;
-  if (!context.openWhole(in) || !context.platforms(ids))
+  if (!context.platforms(ids))
     return 1;
   const QColor colour(static_cast<int>(rgba >> 24), static_cast<int>((rgba >> 16) & 0xFF),
                       static_cast<int>((rgba >> 8) & 0xFF), static_cast<int>(rgba & 0xFF));
