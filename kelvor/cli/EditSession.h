@@ -15,7 +15,8 @@ namespace kelvor
 
 /**
  * @brief A store with its server and headless host services, the plug-in bound to them as
- * the application binds it, for one run of the command line.
+ * the application binds it, for one run of the command line. The plug-in is bound to one
+ * server at a time: one session lives at a time.
  */
 class EditSession
 {

@@ -78,6 +78,7 @@ bool workablePlatforms(CommandContext& context, bool staticWorks, std::vector<Un
   return true;
 }
 
+/// @return the platform's points, as the call path counts them.
 std::size_t pointsOf(UniqueID_t id)
 {
   return PIData::getNumberDataPoints(id);
@@ -150,11 +151,13 @@ std::unique_ptr<QtSep::DecimateAlgorithm> algorithmOf(CommandContext& context, i
   std::unique_ptr<QtSep::DecimateAlgorithm> algorithm;
   std::int64_t every = 0;
   double value = 0.0; // the parameter of the other methods: seconds, degrees or metres
-  if (method == "point" && !args.integer("--every", every, 1, std::numeric_limits<std::int64_t>::max(), error))
-    return context.usage(error), nullptr;
-  if ((method == "time" || method == "angle" || method == "distance") &&
-      !positive(args, PARAMETER_OF_METHOD.at(method), value, method == "angle" ? 180.0 : LARGEST, error))
-    return context.usage(error), nullptr;
+  if ((method == "point" && !args.integer("--every", every, 1, std::numeric_limits<std::int64_t>::max(), error)) ||
+      ((method == "time" || method == "angle" || method == "distance") &&
+       !positive(args, PARAMETER_OF_METHOD.at(method), value, method == "angle" ? 180.0 : LARGEST, error)))
+  {
+    context.usage(error);
+    return nullptr;
+  }
   if (method == "point")
   {
     auto byPoint = std::make_unique<QtSep::ByPointDecimation>();
