@@ -4,11 +4,13 @@
 #include "server/HeadlessHostServices.h"
 #include "server/KelvorServer.h"
 #include "server/Registry.h"
+#include "store/ProcessMemory.h"
 #include "store/ScenarioStore.h"
 
 #include <QTemporaryDir>
 
-/// A real KELVOR Lite store and server behind the plug-in's call path, for the life of a benchmark.
+/// A real KELVOR Lite store and server behind the plug-in's call path, for the life of a
+/// benchmark; the process's memory is managed as KELVOR Lite and kelvor-edit manage theirs.
 struct BenchHost
 {
   QTemporaryDir dir;
@@ -18,6 +20,7 @@ struct BenchHost
   kelvor::KelvorServer server{store, services, registry};
   BenchHost()
   {
+    kelvor::keepFreedMemoryForReuse();
     g_FunctionMap = &server;
     g_This = this;
   }

@@ -1,6 +1,7 @@
 // kelvor: KELVOR Lite, a desktop host of 3-D scenario displays and their plug-ins.
 #include "app/HostApplication.h"
 #include "server/HeadlessHostServices.h"
+#include "store/ProcessMemory.h"
 
 #include <QApplication>
 #include <QDir>
@@ -69,6 +70,7 @@ int listPlugins(const PIApp::CommandLineArguments& arguments)
 
 int main(int argc, char** argv)
 {
+  kelvor::keepFreedMemoryForReuse();
   QElapsedTimer started;
   started.start();
   std::vector<std::string> words(argv, argv + argc);

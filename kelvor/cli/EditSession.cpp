@@ -1,6 +1,7 @@
 #include "cli/EditSession.h"
 
 #include "files/CsvTrackReader.h"
+#include "files/NumberText.h"
 #include "files/ScenarioReader.h"
 #include "host/PIClientFunctions.h"
 #include "host/PluginExports.h"
@@ -13,16 +14,6 @@ namespace kelvor
 
 namespace
 {
-
-bool endsWithCsv(const std::string& path)
-{
-  if (path.size() < 4)
-    return false;
-  std::string end = path.substr(path.size() - 4);
-  for (char& c : end)
-    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return end == ".csv";
-}
 
 std::string registryPath()
 {
@@ -54,11 +45,64 @@ EditSession::~EditSession()
   g_ClientMessageMap.clear();
 }
 
-ReadReport EditSession::open(const std::string& path)
+bool EditSession::isCsv(const std::string& path)
 {
-  if (endsWithCsv(path))
-    return CsvTrackReader(store_).readFile(path);
+  if (path.size() < 4)
+    return false;
+  std::string end = path.substr(path.size() - 4);
+  for (char& c : end)
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return end == ".csv";
+}
+
+ReadReport EditSession::open(const std::string& path, int referenceYear)
+{
+  if (isCsv(path))
+  {
+    CsvTrackReader::Options options;
+    options.referenceYear = referenceYear;
+    return CsvTrackReader(store_, options).readFile(path);
+  }
   return ScenarioReader(store_).readFile(path);
+}
+
+std::vector<UniqueID_t> EditSession::entitiesNamed(const std::string& nameOrId) const
+{
+  // An id is whole digits that fit 64 bits; anything else, however long, is a name.
+  std::uint64_t id = 0;
+  const bool digits =
+      nameOrId.find_first_not_of("0123456789") == std::string::npos && NumberText::parse(nameOrId, id);
+  std::vector<UniqueID_t> named;
+  for (UniqueID_t entity : store_.list(PI_ALL_TYPES))
+  {
+    const EntityHeader& header = store_.entity(entity)->header;
+    if (digits ? originalIdOfHeader(header) == id : nameOfHeader(header) == nameOrId)
+      named.push_back(entity);
+  }
+  // A platform named by digits ("Flight 7" aside, some are called "101") is found by its name.
+  if (named.empty() && digits)
+  {
+    for (UniqueID_t entity : store_.list(PI_ALL_TYPES))
+    {
+      if (nameOfHeader(store_.entity(entity)->header) == nameOrId)
+        named.push_back(entity);
+    }
+  }
+  return named;
+}
+
+std::vector<std::string> EditSession::takeNotifications()
+{
+  std::vector<std::string> lines;
+  const auto& all = services_.notifications;
+  for (; notificationsTaken_ < all.size(); ++notificationsTaken_)
+  {
+    std::string text = all[notificationsTaken_].first;
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+      text.pop_back();
+    lines.push_back(text);
+  }
+  return lines;
 }
 
 } // namespace kelvor

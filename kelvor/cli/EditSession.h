@@ -8,13 +8,15 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kelvor
 {
 
 /**
  * @brief A store with its server and headless host services, the plug-in bound to them as
- * the application binds it, for one run of the command line.
+ * the application binds it, for one run of the command line. The plug-in is bound to one
+ * server at a time: one session lives at a time.
  */
 class EditSession
 {
@@ -24,10 +26,26 @@ public:
   EditSession(const EditSession&) = delete;
   EditSession& operator=(const EditSession&) = delete;
 
-  /// Reads a scenario file, or a CSV track file by its ".csv" ending.
-  ReadReport open(const std::string& path);
+  /**
+   * Reads a scenario file, or a CSV track file by its ".csv" ending.
+   * @param referenceYear for a CSV track, the year its times count from; 0 for the year of its
+   * first dated time
+   */
+  ReadReport open(const std::string& path, int referenceYear = 0);
+  /// @return true for a path that names a CSV track file.
+  static bool isCsv(const std::string& path);
+
+  /**
+   * @return the entities a NAME_OR_ID names, in the store's order: those whose original id
+   * (the id the file and the Data Browser show) it is, when it is a number that some entity
+   * has as its id; else those of that name. None when nothing matches.
+   */
+  std::vector<UniqueID_t> entitiesNamed(const std::string& nameOrId) const;
+  /// @return the lines the plug-in sent to the notification stream since the last call, oldest first.
+  std::vector<std::string> takeNotifications();
 
   ScenarioStore& store() { return store_; }
+  const ScenarioStore& store() const { return store_; }
   HeadlessHostServices& services() { return services_; }
 
 private:
@@ -37,6 +55,7 @@ private:
   std::unique_ptr<Registry> registry_;
   std::unique_ptr<KelvorServer> server_;
   int identity_ = 0;
+  std::size_t notificationsTaken_ = 0;
 };
 
 } // namespace kelvor

@@ -1,18 +1,9 @@
 #include "cli/KelvorEdit.h"
 
-#include "cli/EditSession.h"
-#include "files/ScenarioVocabulary.h"
-#include "files/ScenarioWriter.h"
-#include "host/PIDataEntities.h"
-#include "plugin/ActionUtilities.h"
-#include "processing/RemoveDuplicatePoints.h"
-#include "validation/ValidateScenario.h"
+#include "cli/Commands.h"
 
-#include <algorithm>
-#include <cmath>
-#include <iomanip>
-#include <map>
-#include <sstream>
+#include <exception>
+#include <new>
 
 namespace kelvor
 {
@@ -20,93 +11,169 @@ namespace kelvor
 namespace
 {
 
-// Errors and warnings go to standard error, each as file:line: text.
-void printProblems(const ReadReport& report, std::ostream& err)
+/// One command: what --help shows, the options it takes, and what runs it.
+struct CommandEntry
 {
-  for (const std::string& e : report.errors)
-    err << e << '\n';
-  for (const std::string& w : report.warnings)
-    err << w << '\n';
+  const char* name;
+  const char* synopsis; ///< the command with its arguments, as the overview lists it
+  const char* help;     ///< what it does and what each option means
+  std::vector<OptionSpec> options;
+  int (*run)(CommandContext&);
+};
+
+const OptionSpec ENTITIES{"--entity", true, true};
+const OptionSpec REFERENCE_YEAR{"--reference-year", true, false};
+
+const std::vector<CommandEntry>& commandTable()
+{
+  static const std::vector<CommandEntry> table = {
+    {"info", "info FILE [--json]",
+     "Entities by kind, points (as the Data Browser counts them), time span, reference year and origin.\n"
+     "  --json           the same as one JSON object\n",
+     {{"--json"}}, commands::info},
+    {"check", "check FILE",
+     "Every line that cannot be read, and every record that replaces an earlier one of its series and time.\n"
+     "Exits 1 when a line cannot be read; a replaced record is a warning.\n",
+     {}, commands::check},
+    {"convert", "convert IN OUT [--positions S]",
+     "Reads IN and writes OUT as a scenario file.\n"
+     "  --positions S    the system of OUT's positions: LLA (the default), ECEF, NED, NWU, ENU, XEAST or GTP\n",
+     {{"--positions", true}}, commands::convert},
+    {"remove-duplicates", "remove-duplicates IN OUT [--entity NAME_OR_ID]...",
+     "Of each run of three or more points equal but for their time, keeps the first and the last.\n"
+     "  --entity X       an entity (any kind) and its children; the whole scenario when none is named\n",
+     {ENTITIES}, commands::removeDuplicates},
+    {"validate", "validate FILE [--fix-all OUT] [--json]",
+     "The common errors that make a scenario play wrongly, one a line. Exits 1 when there are any.\n"
+     "  --fix-all OUT    repairs what Fix All repairs (for each issue the first solution that works) and\n"
+     "                   writes the result to OUT; exits 0 once OUT is written, listing what was not fixed\n"
+     "  --json           the issues as one JSON object\n",
+     {{"--fix-all", true}, {"--json"}}, commands::validate},
+    {"decimate",
+     "decimate IN OUT --method point|time|angle|distance|area [--every N] [--interval S] [--interpolate]\n"
+     "         [--angle DEG] [--distance M] [--drop FRACTION] [--no-keep-last] [--append-suffix] [--replace]\n"
+     "         [--entity NAME_OR_ID]...",
+     "Thins platforms as Decimate does: a thinned copy beside each source, named by the method's suffix\n"
+     "(\"Eagle (Pnt 10)\"), with the editor's audit line. Static platforms are passed over.\n"
+     "  --method point     keep every Nth point:                --every N (1 or more)\n"
+     "  --method time      keep points at least S seconds apart: --interval S (more than 0);\n"
+     "                     --interpolate resamples every S seconds instead\n"
+     "  --method angle     cull points within DEG degrees of the heading: --angle DEG (more than 0, to 180)\n"
+     "  --method distance  keep a point each M metres travelled: --distance M (more than 0)\n"
+     "  --method area      drop the flattest FRACTION of the points (Visvalingam): --drop FRACTION (0 to 1)\n"
+     "  --no-keep-last     do not add the last point (all methods but area)\n"
+     "  --append-suffix    the copy takes the source's name; the source is renamed NAME_orig\n"
+     "  --replace          thin each platform itself instead (same id, name, children and data)\n"
+     "  --entity X         a platform by name or id; every platform when none is named\n",
+     {{"--method", true}, {"--every", true}, {"--interval", true}, {"--interpolate"}, {"--angle", true},
+      {"--distance", true}, {"--drop", true}, {"--no-keep-last"}, {"--append-suffix"}, {"--replace"}, ENTITIES},
+     commands::decimate},
+    {"filter-speed",
+     "filter-speed IN OUT --min V --max V [--units m/s|kts|km/h|mph|ft/s] [--calculated] [--entity NAME_OR_ID]...",
+     "Removes the points whose speed lies outside [V, V], as Velocity Filtering does, with its audit line.\n"
+     "  --min V, --max V  the speeds kept, both included, in the units given (m/s by default)\n"
+     "  --calculated      the speed from successive positions instead of each point's velocity\n"
+     "  --entity X        a platform by name or id; every platform when none is named\n",
+     {{"--min", true}, {"--max", true}, {"--units", true}, {"--calculated"}, ENTITIES}, commands::filterSpeed},
+    {"derive", "derive IN OUT [--method delta|lagrangian] [--window N] [--entity NAME_OR_ID]...",
+     "Recalculates the orientation and velocity of every point, as Calculate Ori / Vel does.\n"
+     "  --method lagrangian  a third-order polynomial over a window of points (the default)\n"
+     "  --method delta       velocity from successive positions, orientation from velocity\n"
+     "  --window N           the Lagrangian window: 5 or more points, 10 by default\n"
+     "  --entity X           a platform by name or id, which must derive; when none is named, every platform,\n"
+     "                       passing over those that cannot be derived (static, too few points)\n",
+     {{"--method", true}, {"--window", true}, ENTITIES}, commands::derive},
+    {"export-gog",
+     "export-gog IN OUT.gog --plot ground|trajectory|alt-time|alt-range|vel-time [--line-style solid|dashed|dotted]\n"
+     "           [--line-width N] [--color 0xRRGGBBAA] [--x-offset X] [--track-color] [--no-depth-buffer]\n"
+     "           [--entity NAME_OR_ID]...",
+     "Writes the tracks as a GOG overlay or plot, as Export to GOG does.\n"
+     "  --plot ground      latitude, longitude           --plot trajectory  latitude, longitude, altitude (ft)\n"
+     "  --plot alt-time    time, altitude (yd)           --plot alt-range   range from the origin (yd), altitude (yd)\n"
+     "  --plot vel-time    time, speed (yd/s)\n"
+     "  --line-style S     solid (the default), dashed or dotted\n"
+     "  --line-width N     1 (the default) to 10 pixels\n"
+     "  --color C          the line colour, 0xFFFFFFFF by default; 0x00000000 for none\n"
+     "  --x-offset X       added to the x values of the x-y plots\n"
+     "  --track-color      colour each stretch by the platform's track colours\n"
+     "  --no-depth-buffer  switch the depth buffer off\n"
+     "  --entity X         a platform by name or id; every platform when none is named\n",
+     {{"--plot", true}, {"--line-style", true}, {"--line-width", true}, {"--color", true}, {"--x-offset", true},
+      {"--track-color"}, {"--no-depth-buffer"}, ENTITIES},
+     commands::exportGog},
+    {"merge", "merge IN OUT --entity A --entity B [--entity C]...",
+     "Merges the platforms B, C... into A, as Merge does, and removes them; A keeps its id and name.\n"
+     "A name that several platforms share stands for all of them, in id order.\n",
+     {ENTITIES},
+     commands::merge},
+    {"auto-merge", "auto-merge IN OUT [--no-original-id]",
+     "Merges every group of platforms of one name into its earliest, as the Auto Merge tab's Detect and Accept.\n"
+     "  --no-original-id  group by name alone; by default the original ids must match too\n",
+     {{"--no-original-id"}}, commands::autoMerge},
+    {"dropouts", "dropouts FILE --entity NAME_OR_ID --gap S [--start T] [--end T] [--json]",
+     "The stretches of more than S seconds without points of one platform, one a line: START END, in seconds\n"
+     "since the reference year.\n"
+     "  --start T, --end T  the time slice looked at; the scenario's span by default\n"
+     "  --json              {\"dropouts\": [{\"start\": T, \"end\": T}, ...]}\n",
+     {ENTITIES, {"--gap", true}, {"--start", true}, {"--end", true}, {"--json"}}, commands::dropouts},
+  };
+  return table;
 }
 
-/// @return "; " and the report's count of replaced records, or nothing when none was replaced.
-std::string replacements(const ReadReport& report)
+const CommandEntry* find(const std::string& name)
 {
-  const std::string summary = report.replacementSummary();
-  return summary.empty() ? summary : "; " + summary;
-}
-
-std::string degrees(double radians, char positive, char negative)
-{
-  std::ostringstream text;
-  text << std::fixed << std::setprecision(6) << std::fabs(radians * 180.0 / M_PI) << ' '
-       << (radians < 0 ? negative : positive);
-  return text.str();
-}
-
-/// @return the entities a --entity value names: the entity of that id, else every entity of that name.
-std::vector<UniqueID_t> entitiesNamed(const std::string& nameOrId)
-{
-  std::vector<UniqueID_t> all;
-  PIData::getObjectList(&all);
-  const bool digits = !nameOrId.empty() && std::all_of(nameOrId.begin(), nameOrId.end(), ::isdigit);
-  if (digits)
+  for (const CommandEntry& entry : commandTable())
   {
-    const UniqueID_t id = std::stoull(nameOrId);
-    if (std::find(all.begin(), all.end(), id) != all.end())
-      return {id};
+    if (name == entry.name)
+      return &entry;
   }
-  std::vector<UniqueID_t> named;
-  for (UniqueID_t id : all)
-  {
-    if (QtSep::getEntityHeaderName(id) == nameOrId)
-      named.push_back(id);
-  }
-  return named;
+  return nullptr;
 }
 
-/// @return true when args name exactly one file; otherwise says how the command is used
-bool takesOneFile(const std::vector<std::string>& args, const char* command, std::ostream& err)
+void commandHelp(const CommandEntry& entry, std::ostream& out)
 {
-  if (args.size() == 1)
-    return true;
-  err << "kelvor-edit: " << command << " takes one FILE\n";
-  return false;
+  out << "Usage: kelvor-edit " << entry.synopsis << "\n\n" << entry.help;
+  out << "\nIN and FILE may be a scenario (.kls) or a CSV track (.csv); OUT may be IN.\n"
+         "  --reference-year Y  for a CSV track: the year its times count from (by default the year of its\n"
+         "                      first time when the times are dates or Unix seconds)\n"
+         "Exit status: 0 success, 1 failure (nothing written), 2 bad usage (nothing written).\n";
 }
 
-/// Reads a file, reporting every line that cannot be read.
-ReadReport openReporting(EditSession& session, const std::string& path, std::ostream& err)
+/// Runs one command, with every exception it lets escape turned into a failure.
+int runCommand(const CommandEntry& entry, const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
+               bool progress)
 {
-  const ReadReport report = session.open(path);
-  printProblems(report, err);
-  return report;
-}
-
-/// Opens a file for a command that writes it again. @param report receives what the read did
-/// @return false, after saying why, when any line cannot be read
-bool openWhole(EditSession& session, const std::string& path, std::ostream& err, ReadReport& report)
-{
-  report = openReporting(session, path, err);
-  if (report.ok())
-    return true;
-  // Writing would drop the lines that could not be read.
-  err << "kelvor-edit: " << path << " has lines that cannot be read; nothing written\n";
-  return false;
-}
-
-bool writeScenario(const ScenarioStore& store, const std::string& path, kelCore::CoordinateSystem positions,
-                   std::ostream& err)
-{
+  ProgressLine line(err, progress);
+  std::vector<OptionSpec> options = entry.options;
+  options.push_back(REFERENCE_YEAR);
+  CommandArguments arguments;
   std::string error;
-  if (ScenarioWriter(store, {positions}).writeFile(path, error))
-    return true;
-  err << "kelvor-edit: " << error << '\n';
-  return false;
+  if (!arguments.parse(words, options, error))
+  {
+    err << "kelvor-edit: " << entry.name << ": " << error << "\nTry 'kelvor-edit " << entry.name << " --help'.\n";
+    return KelvorEdit::USAGE;
+  }
+  try
+  {
+    CommandContext context(entry.name, arguments, out, err, line);
+    return entry.run(context);
+  }
+  catch (const std::bad_alloc&)
+  {
+    line.clear();
+    err << "kelvor-edit: " << entry.name << ": out of memory; nothing written\n";
+  }
+  catch (const std::exception& e)
+  {
+    line.clear();
+    err << "kelvor-edit: " << entry.name << ": " << e.what() << "; nothing written\n";
+  }
+  return KelvorEdit::FAILURE;
 }
 
 } // namespace
 
-int KelvorEdit::run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err)
+int KelvorEdit::run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err, bool progress)
 {
   if (arguments.empty())
   {
@@ -117,207 +184,43 @@ int KelvorEdit::run(const std::vector<std::string>& arguments, std::ostream& out
   const std::vector<std::string> rest(arguments.begin() + 1, arguments.end());
   if (command == "--help" || command == "-h" || command == "help")
   {
-    usage_(out);
+    const CommandEntry* entry = rest.empty() ? nullptr : find(rest[0]);
+    if (entry)
+      commandHelp(*entry, out);
+    else
+      usage_(out);
     return SUCCESS;
   }
-  if (command == "info")
-    return info_(rest, out, err);
-  if (command == "convert")
-    return convert_(rest, out, err);
-  if (command == "check")
-    return check_(rest, out, err);
-  if (command == "remove-duplicates")
-    return removeDuplicates_(rest, out, err);
-  if (command == "validate")
-    return validate_(rest, out, err);
-  err << "kelvor-edit: unknown command '" << command << "'\n";
-  usage_(err);
-  return USAGE;
+  const CommandEntry* entry = find(command);
+  if (!entry)
+  {
+    err << "kelvor-edit: unknown command '" << command << "'\n";
+    usage_(err);
+    return USAGE;
+  }
+  for (const std::string& word : rest)
+  {
+    if (word == "--help" || word == "-h")
+    {
+      commandHelp(*entry, out);
+      return SUCCESS;
+    }
+  }
+  return runCommand(*entry, rest, out, err, progress);
 }
 
 void KelvorEdit::usage_(std::ostream& out)
 {
   out << "Usage: kelvor-edit COMMAND ARGUMENTS\n"
-         "Batch edits of KELVOR Lite scenario files (.kls) and CSV tracks (.csv).\n"
+         "Batch edits of KELVOR Lite scenario files (.kls) and CSV tracks (.csv), with the Scenario Editor's\n"
+         "own code. NAME_OR_ID is an entity's name or id.\n"
          "\n"
-         "Commands:\n"
-         "  info FILE                       entities by kind, points, time span, reference year, origin\n"
-         "  convert IN OUT [--positions S]  read IN and write OUT as a scenario file, positions in\n"
-         "                                  S: LLA (the default), ECEF, NED, NWU, ENU, XEAST or GTP\n"
-         "  check FILE                      report every line that cannot be read, and every record that\n"
-         "                                  replaces an earlier one of its series and time\n"
-         "  remove-duplicates IN OUT [--entity NAME_OR_ID]...\n"
-         "                                  of each run of three or more points equal but for their\n"
-         "                                  time keep the first and last; the named entities and their\n"
-         "                                  children, or the whole scenario when none is named\n"
-         "  validate FILE                   the common errors that make a scenario play wrongly, one a line\n"
-         "  --help                          this text\n"
-         "\n"
+         "Commands:\n";
+  for (const CommandEntry& entry : commandTable())
+    out << "  " << entry.synopsis << '\n';
+  out << "\n"
+         "'kelvor-edit COMMAND --help' tells what a command does and what its options mean.\n"
          "Exit status: 0 success, 1 failure, 2 bad usage. Errors go to standard error as file:line: reason.\n";
-}
-
-int KelvorEdit::info_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
-{
-  if (!takesOneFile(args, "info", err))
-    return USAGE;
-  EditSession session;
-  const ReadReport report = openReporting(session, args[0], err);
-  if (!report.loaded)
-    return FAILURE;
-  const ScenarioStore& store = session.store();
-  std::map<std::string, std::size_t> kinds;
-  for (UniqueID_t id : store.list(PI_ALL_TYPES))
-    ++kinds[ScenarioVocabulary::kindName(store.entity(id)->kind)];
-  const ScenarioProperties& p = store.properties();
-  out << "file: " << args[0] << '\n';
-  out << "entities: " << store.entityCount() << '\n';
-  for (const auto& [kind, count] : kinds)
-    out << "  " << kind << ": " << count << '\n';
-  out << "points: " << store.pointCount()
-      << " (each entity's own: platform positions; beam, gate, laser and LOB pointings; projector fields of view;"
-         " custom rendering states)\n";
-  const double begin = store.earliestTime(0), end = store.latestTime(0);
-  if (begin < 0)
-    out << "time span: none (no timed data)\n";
-  else
-    out << "time span: " << begin << " to " << end << " s (" << (end - begin) << " s)\n";
-  out << "reference year: " << p.referenceYear << '\n';
-  out << "origin: " << degrees(p.latOrigin, 'N', 'S') << ", " << degrees(p.lonOrigin, 'E', 'W') << ", " << p.altOrigin
-      << " m\n";
-  return report.errors.empty() ? SUCCESS : FAILURE;
-}
-
-int KelvorEdit::convert_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
-{
-  std::vector<std::string> files;
-  kelCore::CoordinateSystem positions = kelCore::CoordinateSystem::LLA;
-  for (std::size_t i = 0; i < args.size(); ++i)
-  {
-    if (args[i] == "--positions")
-    {
-      if (i + 1 >= args.size() || !ScenarioVocabulary::positionSystem(args[i + 1], positions))
-      {
-        err << "kelvor-edit: --positions takes LLA, ECEF, NED, NWU, ENU, XEAST or GTP\n";
-        return USAGE;
-      }
-      ++i;
-    }
-    else
-      files.push_back(args[i]);
-  }
-  if (files.size() != 2)
-  {
-    err << "kelvor-edit: convert takes IN and OUT\n";
-    return USAGE;
-  }
-  EditSession session;
-  ReadReport report;
-  if (!openWhole(session, files[0], err, report))
-    return FAILURE;
-  if (!writeScenario(session.store(), files[1], positions, err))
-    return FAILURE;
-  out << "wrote " << files[1] << " (" << session.store().entityCount() << " entities, positions "
-      << ScenarioVocabulary::positionSystemName(positions) << replacements(report) << ")\n";
-  return SUCCESS;
-}
-
-int KelvorEdit::check_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
-{
-  if (!takesOneFile(args, "check", err))
-    return USAGE;
-  EditSession session;
-  const ReadReport report = openReporting(session, args[0], err);
-  // A replaced record is a warning, not an error: the file still reads whole.
-  if (report.errors.empty())
-  {
-    out << args[0] << ": " << report.lines << " lines, all readable" << replacements(report) << '\n';
-    return SUCCESS;
-  }
-  out << args[0] << ": " << report.errors.size() << " of " << report.lines << " lines cannot be read"
-      << replacements(report) << '\n';
-  return FAILURE;
-}
-
-int KelvorEdit::removeDuplicates_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
-{
-  std::vector<std::string> files;
-  std::vector<std::string> named;
-  for (std::size_t i = 0; i < args.size(); ++i)
-  {
-    if (args[i] == "--entity")
-    {
-      if (i + 1 >= args.size())
-      {
-        err << "kelvor-edit: --entity takes a NAME or ID\n";
-        return USAGE;
-      }
-      named.push_back(args[++i]);
-    }
-    else
-      files.push_back(args[i]);
-  }
-  if (files.size() != 2)
-  {
-    err << "kelvor-edit: remove-duplicates takes IN and OUT\n";
-    return USAGE;
-  }
-  EditSession session;
-  ReadReport report;
-  if (!openWhole(session, files[0], err, report))
-    return FAILURE;
-
-  std::vector<UniqueID_t> ids;
-  for (const std::string& name : named)
-  {
-    const std::vector<UniqueID_t> found = entitiesNamed(name);
-    if (found.empty())
-    {
-      err << "kelvor-edit: no entity named '" << name << "' in " << files[0] << "; nothing written\n";
-      return FAILURE;
-    }
-    ids.insert(ids.end(), found.begin(), found.end());
-  }
-  if (named.empty())
-    PIData::getObjectList(&ids);
-
-  const ScenarioStore& store = session.store();
-  std::map<UniqueID_t, std::size_t> before;
-  for (UniqueID_t id : store.list(PI_ALL_TYPES))
-    before[id] = store.entity(id)->pointCount();
-  const std::vector<UniqueID_t> reduced = QtSep::RemoveDuplicatePoints().remove(ids);
-  if (!writeScenario(store, files[1], kelCore::CoordinateSystem::LLA, err))
-    return FAILURE;
-
-  std::size_t removed = 0;
-  for (UniqueID_t id : reduced)
-  {
-    const std::size_t lost = before[id] - store.entity(id)->pointCount();
-    removed += lost;
-    out << QtSep::getEntityHeaderName(id) << " (id " << id << "): " << lost << " of " << before[id]
-        << " points removed\n";
-  }
-  out << "wrote " << files[1] << ": " << removed << " duplicate points removed from " << reduced.size()
-      << (reduced.size() == 1 ? " entity\n" : " entities\n");
-  return SUCCESS;
-}
-
-int KelvorEdit::validate_(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
-{
-  if (!takesOneFile(args, "validate", err))
-    return USAGE;
-  EditSession session;
-  const ReadReport report = openReporting(session, args[0], err);
-  if (!report.loaded)
-    return FAILURE;
-  QtSep::ValidateScenario checker;
-  checker.validate();
-  std::vector<QtSep::ValidateScenario::Issue*> issues;
-  checker.getIssues(issues);
-  for (const auto* issue : issues)
-    out << issue->description() << '\n';
-  out << args[0] << ": " << (issues.empty() ? std::string("no issues found") : std::to_string(issues.size()) + " issues")
-      << '\n';
-  return issues.empty() && report.errors.empty() ? SUCCESS : FAILURE;
 }
 
 } // namespace kelvor

@@ -2,7 +2,9 @@
 
 #include "files/NumberText.h"
 #include "files/RecordPlacer.h"
+#include "kelCore/Iso8601TimeFormatter.h"
 #include "kelCore/StringUtils.h"
+#include "kelCore/TimeStamp.h"
 
 #include <algorithm>
 #include <cmath>
@@ -34,6 +36,96 @@ enum Column
 };
 
 const char* const COLUMN_NAMES[COLUMN_COUNT] = {"time", "lat", "lon", "alt", "yaw", "pitch", "roll", "ve", "vn", "vu", "name"};
+
+/// What the time column holds, as its first row shows.
+enum class TimeKind
+{
+  UNKNOWN,
+  SINCE_REFERENCE_YEAR, ///< seconds since the start of the reference year, -1 for static
+  UNIX_SECONDS,         ///< seconds since 1970-01-01T00:00:00Z
+  DATE_TIME             ///< ISO 8601 date-times
+};
+
+/// Epoch seconds from here on are taken for Unix time (March 1973); smaller numbers are seconds
+/// since the reference year, which a scenario of three years would not reach.
+constexpr double UNIX_SECONDS_FROM = 1e8;
+/// The first Unix second of the year 10000: dates have four-digit years.
+constexpr double UNIX_SECONDS_TO = 253402300800.0;
+
+/**
+ * Reads the times of one file: decides at the first row what the column holds and which year
+ * the times count from, then converts every row's time to seconds since that year.
+ */
+class TimeColumn
+{
+public:
+  /// @param referenceYear the year asked for; 0 for that of the first dated time
+  explicit TimeColumn(int referenceYear) : referenceYear_(referenceYear) {}
+
+  /// @return false, with the reason, for a time this column cannot hold
+  bool read(const std::string& text, double& seconds, std::string& error)
+  {
+    if (kind_ == TimeKind::UNKNOWN)
+      kind_ = kindOf_(text);
+    if (kind_ == TimeKind::DATE_TIME)
+    {
+      kelCore::TimeStamp stamp;
+      if (kelCore::Iso8601TimeFormatter().fromString(text, stamp, 1970) != 0)
+      {
+        error = "bad time '" + text + "': an ISO 8601 date-time such as 2024-07-01T12:00:00.25Z, as in the first row";
+        return false;
+      }
+      return since_(stamp, seconds);
+    }
+    double value = 0.0;
+    if (!NumberText::parse(text, value))
+    {
+      error = "bad number '" + text + "' for time";
+      return false;
+    }
+    if (value < 0.0 && value != -1.0)
+    {
+      error = "bad time '" + text + "'";
+      return false;
+    }
+    if (kind_ == TimeKind::SINCE_REFERENCE_YEAR || value == -1.0)
+    {
+      seconds = value;
+      return true;
+    }
+    if (value >= UNIX_SECONDS_TO)
+    {
+      error = "bad time '" + text + "': Unix seconds past the year 9999";
+      return false;
+    }
+    return since_(kelCore::TimeStamp(1970, kelCore::Seconds(value)), seconds);
+  }
+
+  /// @return the year the times count from; 0 when no row decided it and none was asked for
+  int referenceYear() const { return referenceYear_; }
+
+private:
+  static TimeKind kindOf_(const std::string& text)
+  {
+    // A date begins with its four-digit year and a dash; no number does.
+    if (text.size() > 4 && text[4] == '-')
+      return TimeKind::DATE_TIME;
+    double value = 0.0;
+    return NumberText::parse(text, value) && value >= UNIX_SECONDS_FROM ? TimeKind::UNIX_SECONDS
+                                                                         : TimeKind::SINCE_REFERENCE_YEAR;
+  }
+
+  bool since_(const kelCore::TimeStamp& stamp, double& seconds)
+  {
+    if (referenceYear_ == 0)
+      referenceYear_ = stamp.referenceYear();
+    seconds = stamp.secondsSinceRefYear(referenceYear_).Double();
+    return true;
+  }
+
+  int referenceYear_;
+  TimeKind kind_ = TimeKind::UNKNOWN;
+};
 
 std::string baseName(const std::string& path)
 {
@@ -138,6 +230,9 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
   std::map<std::string, Platform> platforms;
   const RecordPlacer placer(report, name);
   const std::string fileName = baseName(name);
+  // Tracks added to a loaded scenario count their dated times from its year.
+  TimeColumn times(options_.referenceYear != 0 ? options_.referenceYear
+                                               : (options_.replace ? 0 : store_.properties().referenceYear));
   while (std::getline(in, line))
   {
     ++lineNumber;
@@ -155,11 +250,11 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
     }
     double value[NAME] = {0};
     std::string bad;
-    for (int c = TIME; c < NAME && bad.empty(); ++c)
+    for (int c = LAT; c < NAME && bad.empty(); ++c)
       if (index[c] >= 0 && !NumberText::parse(fields[static_cast<std::size_t>(index[c])], value[c]))
         bad = "bad number '" + fields[static_cast<std::size_t>(index[c])] + "' for " + COLUMN_NAMES[c];
-    if (bad.empty() && value[TIME] < 0.0 && value[TIME] != -1.0)
-      bad = "bad time '" + fields[static_cast<std::size_t>(index[TIME])] + "'";
+    if (bad.empty())
+      times.read(fields[static_cast<std::size_t>(index[TIME])], value[TIME], bad);
     if (!bad.empty())
     {
       fail(lineNumber, bad);
@@ -192,6 +287,8 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
     return report;
   if (options_.replace)
   {
+    if (times.referenceYear() != 0)
+      staged.properties().referenceYear = times.referenceYear();
     staged.properties().initialized = true;
     staged.autoConfigureClock();
     store_.replaceWith(staged);

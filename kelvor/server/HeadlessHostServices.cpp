@@ -36,8 +36,11 @@ void HeadlessHostServices::setProgressMaximum(long handle, int maximum)
 
 void HeadlessHostServices::setProgressValue(long handle, int value)
 {
-  if (progress.count(handle))
-    progress[handle].value = value;
+  if (!progress.count(handle))
+    return;
+  progress[handle].value = value;
+  if (progressStepped)
+    progressStepped(progress[handle]);
 }
 
 void HeadlessHostServices::runWhileEvents(long handle)

@@ -2,6 +2,7 @@
 
 #include "server/HostServices.h"
 
+#include <functional>
 #include <map>
 #include <utility>
 #include <vector>
@@ -45,6 +46,7 @@ public:
   std::pair<std::string, UniqueID_t> tether;              ///< last tetherCamera
   bool mouseGrabbed = false;
   int menuChanges = 0;
+  std::function<void(const Progress&)> progressStepped;   ///< told of each new value of a progress dialog
 
   void beginWaitCursor() override;
   void endWaitCursor() override;

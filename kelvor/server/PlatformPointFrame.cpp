@@ -28,6 +28,20 @@ PIData::PICoordReferenceFrame withScenarioOrigin(PIData::PICoordReferenceFrame f
   return frame;
 }
 
+StoredPlatformPoint storedFromLla(const PIData::PIPlatformPoint& point)
+{
+  StoredPlatformPoint s;
+  s.time = point.time;
+  s.lat = point.position.x;
+  s.lon = point.position.y;
+  s.alt = point.position.z;
+  if (isSet(point.orientation))
+    s.yaw = point.orientation.x, s.pitch = point.orientation.y, s.roll = point.orientation.z;
+  if (isSet(point.velocity))
+    s.velEast = point.velocity.x, s.velNorth = point.velocity.y, s.velUp = point.velocity.z;
+  return s;
+}
+
 } // namespace
 
 kelCore::CoordinateSystem PlatformPointFrame::kelCoreSystem(int piSystem)
@@ -83,28 +97,26 @@ PIData::PIPlatformPoint PlatformPointFrame::toRecord(const StoredPlatformPoint& 
 
 StoredPlatformPoint PlatformPointFrame::fromRecord(const PIData::PIPlatformPoint& point, const ScenarioProperties& scenario)
 {
-  StoredPlatformPoint s;
-  s.time = point.time;
+  // In LLA the record is the stored point: no frame to set up.
+  if (kelCoreSystem(point.frame.coordinateSystem) == kelCore::CoordinateSystem::LLA)
+    return storedFromLla(point);
+  return PlatformPointFrame(point.frame, scenario).fromRecordInFrame(point);
+}
+
+StoredPlatformPoint PlatformPointFrame::fromRecordInFrame(const PIData::PIPlatformPoint& point) const
+{
   const kelCore::CoordinateSystem system = kelCoreSystem(point.frame.coordinateSystem);
   if (system == kelCore::CoordinateSystem::LLA)
-  {
-    s.lat = point.position.x;
-    s.lon = point.position.y;
-    s.alt = point.position.z;
-    if (isSet(point.orientation))
-      s.yaw = point.orientation.x, s.pitch = point.orientation.y, s.roll = point.orientation.z;
-    if (isSet(point.velocity))
-      s.velEast = point.velocity.x, s.velNorth = point.velocity.y, s.velUp = point.velocity.z;
-    return s;
-  }
-  const PlatformPointFrame frame(point.frame, scenario);
-  kelCore::Coordinate in(system, {point.position.x, point.position.y, point.position.z}, frame.elapsedEci_(point.time));
+    return storedFromLla(point);
+  StoredPlatformPoint s;
+  s.time = point.time;
+  kelCore::Coordinate in(system, {point.position.x, point.position.y, point.position.z}, elapsedEci_(point.time));
   if (isSet(point.orientation))
     in.setOrientation({point.orientation.x, point.orientation.y, point.orientation.z});
   if (isSet(point.velocity))
     in.setVelocity({point.velocity.x, point.velocity.y, point.velocity.z});
   kelCore::Coordinate lla;
-  frame.converter_.convert(in, lla, kelCore::CoordinateSystem::LLA);
+  converter_.convert(in, lla, kelCore::CoordinateSystem::LLA);
   s.lat = lla.position().x;
   s.lon = lla.position().y;
   s.alt = lla.position().z;

@@ -24,6 +24,11 @@ public:
   PIData::PIPlatformPoint toRecord(const StoredPlatformPoint& stored) const;
   /// @return the record, given in its own frame, as the store keeps it.
   static StoredPlatformPoint fromRecord(const PIData::PIPlatformPoint& point, const ScenarioProperties& scenario);
+  /**
+   * @return the record, given in this frame (as made from the same frame record), as the store
+   * keeps it: for many points of one frame the frame is set up once, not for each.
+   */
+  StoredPlatformPoint fromRecordInFrame(const PIData::PIPlatformPoint& point) const;
   /// @return kelCore's system for a PICoordSystem_t value; above 9, LLA.
   static kelCore::CoordinateSystem kelCoreSystem(int piSystem);
 

@@ -10,6 +10,7 @@
 #include "store/ScenarioStore.h"
 
 #include <algorithm>
+#include <optional>
 #include <set>
 
 namespace kelvor
@@ -195,8 +196,18 @@ std::int64_t PointRequests::addPoints_(void* record)
     return done(r, false);
   std::vector<StoredPlatformPoint> stored;
   stored.reserve(points->size());
+  // The points of one request nearly always share a frame: it is set up once for each run of them.
+  std::optional<PlatformPointFrame> frame;
+  PIData::PICoordReferenceFrame frameOfRun;
   for (const auto& p : *points)
-    stored.push_back(PlatformPointFrame::fromRecord(p, state_.store.properties()));
+  {
+    if (!frame || !(p.frame == frameOfRun))
+    {
+      frame.emplace(p.frame, state_.store.properties());
+      frameOfRun = p.frame;
+    }
+    stored.push_back(frame->fromRecordInFrame(p));
+  }
   e->platformPoints.insertMany(std::move(stored));
   state_.store.dataChanged({e->id});
   return done(r, true);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <vector>
 
 namespace kelvor
@@ -9,14 +11,63 @@ namespace kelvor
 /**
  * @brief Items kept in ascending time; T has a double member `time`, seconds.
  *
- * An item at a time already held replaces the one held. Range queries use binary search;
- * a bulk add merges in one pass, so appending a recording in time order costs linear time.
+ * An item at a time already held replaces the one held. The items lie in chunks, each chunk
+ * in time order and every chunk before the next, so that:
+ * - range queries find their ends by binary search, over the chunks and then inside one;
+ * - appending in time order costs constant time, and a bulk add merges in one pass and keeps
+ *   what it merged as one chunk, without copying it again, so loading a recording or copying
+ *   a track costs linear time;
+ * - inserting one item into the middle moves at most CHUNK items and the list of chunks,
+ *   never the whole series (merges fill holes one point at a time): a chunk longer than CHUNK
+ *   is cut into chunks of CHUNK the first time an item goes into it;
+ * - memory is the items themselves and, for a long series, at most one chunk's slack per split.
  */
 template <typename T>
 class TimeSeries
 {
 public:
-  using const_iterator = typename std::vector<T>::const_iterator;
+  /// Most items of a chunk that takes insertions: one moves at most this many, and a series of
+  /// n items cut into chunks has about n / CHUNK * 2 of them at worst.
+  static constexpr std::size_t CHUNK = 512;
+
+  /// Walks the items in time order.
+  class const_iterator
+  {
+  public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = T;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const T*;
+    using reference = const T&;
+
+    const_iterator() = default;
+    reference operator*() const { return (*chunks_)[chunk_][offset_]; }
+    pointer operator->() const { return &**this; }
+    const_iterator& operator++()
+    {
+      if (++offset_ == (*chunks_)[chunk_].size())
+        ++chunk_, offset_ = 0;
+      return *this;
+    }
+    const_iterator operator++(int)
+    {
+      const_iterator before = *this;
+      ++*this;
+      return before;
+    }
+    bool operator==(const const_iterator& o) const { return chunk_ == o.chunk_ && offset_ == o.offset_; }
+    bool operator!=(const const_iterator& o) const { return !(*this == o); }
+
+  private:
+    friend class TimeSeries;
+    const_iterator(const std::vector<std::vector<T>>* chunks, std::size_t chunk, std::size_t offset)
+      : chunks_(chunks), chunk_(chunk), offset_(offset)
+    {
+    }
+    const std::vector<std::vector<T>>* chunks_ = nullptr;
+    std::size_t chunk_ = 0;
+    std::size_t offset_ = 0;
+  };
 
   /// Where insert put an item.
   struct Placement
@@ -25,28 +76,40 @@ public:
     bool replaced = false; ///< true when it took the place of an item of its time
   };
 
+  TimeSeries() = default;
+
   /**
-   * Adds item, replacing one of the same time.
+   * Adds item, replacing one of the same time. Appending costs constant time; an item inside
+   * the series costs at most a chunk's moves and a walk over the chunks.
    * @param replaced receives the item replaced, if not null
    */
   Placement insert(const T& item, T* replaced = nullptr)
   {
-    if (items_.empty() || items_.back().time < item.time)
+    if (chunks_.empty() || chunks_.back().back().time < item.time)
     {
-      items_.push_back(item);
-      return {items_.size() - 1, false};
+      append_(item);
+      return {size_ - 1, false};
     }
-    auto it = lowerBound_(item.time);
-    const auto index = static_cast<std::size_t>(it - items_.begin());
-    if (it == items_.end() || it->time != item.time)
+    Position at = lowerBound_(item.time); // within the series, since the last item is not earlier
+    if (chunks_[at.chunk].size() > CHUNK)
     {
-      items_.insert(it, item);
-      return {index, false};
+      cut_(at.chunk);
+      at = lowerBound_(item.time);
     }
-    if (replaced)
-      *replaced = std::move(*it);
-    *it = item;
-    return {index, true};
+    std::vector<T>& chunk = chunks_[at.chunk];
+    const std::size_t index = itemsBefore_(at.chunk) + at.offset;
+    if (chunk[at.offset].time == item.time)
+    {
+      if (replaced)
+        *replaced = std::move(chunk[at.offset]);
+      chunk[at.offset] = item;
+      return {index, true};
+    }
+    chunk.insert(chunk.begin() + static_cast<std::ptrdiff_t>(at.offset), item);
+    ++size_;
+    if (chunk.size() > CHUNK)
+      split_(at.chunk);
+    return {index, false};
   }
 
   /// Adds many items; of equal times the later in added wins, as if inserted one by one.
@@ -61,32 +124,39 @@ public:
       unique.swap(added);
     else
       unique = sortedUnique_(std::move(added));
-    if (items_.empty())
+    if (unique.empty())
+      return;
+    if (chunks_.empty())
     {
-      items_.swap(unique);
+      adopt_(std::move(unique));
       return;
     }
-    if (items_.empty() || (!unique.empty() && items_.back().time < unique.front().time))
+    if (chunks_.back().back().time < unique.front().time)
     {
-      items_.insert(items_.end(), std::make_move_iterator(unique.begin()), std::make_move_iterator(unique.end()));
+      for (T& item : unique)
+        append_(std::move(item));
       return;
     }
     std::vector<T> merged;
-    merged.reserve(items_.size() + unique.size());
-    auto a = items_.begin();
+    merged.reserve(size_ + unique.size());
     auto b = unique.begin();
-    while (a != items_.end() || b != unique.end())
+    for (std::vector<T>& chunk : chunks_)
     {
-      if (b == unique.end() || (a != items_.end() && a->time < b->time))
-        merged.push_back(std::move(*a++));
-      else
+      for (T& held : chunk)
       {
-        if (a != items_.end() && a->time == b->time)
-          ++a; // the added item replaces the held one
-        merged.push_back(std::move(*b++));
+        while (b != unique.end() && b->time < held.time)
+          merged.push_back(std::move(*b++));
+        if (b != unique.end() && b->time == held.time)
+          merged.push_back(std::move(*b++)); // the added item replaces the held one
+        else
+          merged.push_back(std::move(held));
       }
+      std::vector<T>().swap(chunk); // give the memory back while the merged copy grows
     }
-    items_.swap(merged);
+    while (b != unique.end())
+      merged.push_back(std::move(*b++));
+    clear();
+    adopt_(std::move(merged));
   }
 
   /// Calls f with each item with begin <= time <= end, in time order, without copying.
@@ -95,58 +165,189 @@ public:
   {
     if (end < begin)
       return;
-    for (auto it = lowerBound_(begin), last = upperBound_(end); it != last; ++it)
+    for (auto it = iterator_(lowerBound_(begin)), last = iterator_(upperBound_(end)); it != last; ++it)
       f(*it);
   }
 
   /// @return the number of items with begin <= time <= end.
   std::size_t countRange(double begin, double end) const
   {
-    return end < begin ? 0 : static_cast<std::size_t>(upperBound_(end) - lowerBound_(begin));
+    if (end < begin)
+      return 0;
+    const Position first = lowerBound_(begin);
+    const Position last = upperBound_(end);
+    return itemsBetween_(first, last);
   }
 
   /// @return the items with begin <= time <= end, in time order.
   std::vector<T> range(double begin, double end) const
   {
+    std::vector<T> items;
     if (end < begin)
-      return {};
-    return std::vector<T>(lowerBound_(begin), upperBound_(end));
+      return items;
+    const Position first = lowerBound_(begin);
+    const Position last = upperBound_(end);
+    items.reserve(itemsBetween_(first, last));
+    for (std::size_t c = first.chunk; c < chunks_.size() && c <= last.chunk; ++c)
+    {
+      const std::vector<T>& chunk = chunks_[c];
+      const std::size_t from = c == first.chunk ? first.offset : 0;
+      const std::size_t to = c == last.chunk ? last.offset : chunk.size();
+      items.insert(items.end(), chunk.begin() + static_cast<std::ptrdiff_t>(from),
+                   chunk.begin() + static_cast<std::ptrdiff_t>(to));
+    }
+    return items;
   }
 
   /// @return the first item at or after time, or null.
-  const T* atOrAfter(double time) const
-  {
-    auto it = lowerBound_(time);
-    return it == items_.end() ? nullptr : &*it;
-  }
+  const T* atOrAfter(double time) const { return at_(lowerBound_(time)); }
 
   /// @return the last item at or before time, or null.
   const T* atOrBefore(double time) const
   {
-    auto it = upperBound_(time);
-    return it == items_.begin() ? nullptr : &*std::prev(it);
+    const Position after = upperBound_(time);
+    if (after.chunk == 0 && after.offset == 0)
+      return nullptr;
+    if (after.offset > 0)
+      return &chunks_[after.chunk][after.offset - 1];
+    return &chunks_[after.chunk - 1].back();
   }
 
   /// Removes the item at exactly time. @return true when there was one
   bool erase(double time)
   {
-    auto it = lowerBound_(time);
-    if (it == items_.end() || it->time != time)
+    const Position at = lowerBound_(time);
+    if (at.chunk == chunks_.size() || chunks_[at.chunk][at.offset].time != time)
       return false;
-    items_.erase(it);
+    if (chunks_[at.chunk].size() > CHUNK)
+    {
+      cut_(at.chunk);
+      return erase(time);
+    }
+    std::vector<T>& chunk = chunks_[at.chunk];
+    chunk.erase(chunk.begin() + static_cast<std::ptrdiff_t>(at.offset));
+    --size_;
+    if (chunk.empty())
+      chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(at.chunk));
     return true;
   }
 
-  bool empty() const { return items_.empty(); }
-  std::size_t size() const { return items_.size(); }
-  const T& front() const { return items_.front(); }
-  const T& back() const { return items_.back(); }
-  const_iterator begin() const { return items_.begin(); }
-  const_iterator end() const { return items_.end(); }
-  void clear() { items_.clear(); items_.shrink_to_fit(); }
-  void reserve(std::size_t n) { items_.reserve(n); }
+  bool empty() const { return size_ == 0; }
+  std::size_t size() const { return size_; }
+  const T& front() const { return chunks_.front().front(); }
+  const T& back() const { return chunks_.back().back(); }
+  const_iterator begin() const { return {&chunks_, 0, 0}; }
+  const_iterator end() const { return {&chunks_, chunks_.size(), 0}; }
+  void clear()
+  {
+    chunks_.clear();
+    chunks_.shrink_to_fit();
+    size_ = 0;
+  }
+  /// Prepares for n items in all.
+  void reserve(std::size_t n) { chunks_.reserve(n / CHUNK + 1); }
 
 private:
+  /// An item's place: its chunk and its offset in it; the end is {chunks, 0}.
+  struct Position
+  {
+    std::size_t chunk = 0;
+    std::size_t offset = 0;
+  };
+
+  void append_(T item)
+  {
+    if (chunks_.empty() || chunks_.back().size() >= CHUNK)
+    {
+      chunks_.emplace_back();
+      // A series that fills a chunk is a long one: its later chunks are made full size at once.
+      if (chunks_.size() > 1)
+        chunks_.back().reserve(CHUNK);
+    }
+    chunks_.back().push_back(std::move(item));
+    ++size_;
+  }
+
+  // Takes a whole series, in time order, as the one chunk of an empty series.
+  void adopt_(std::vector<T> items)
+  {
+    size_ = items.size();
+    chunks_.push_back(std::move(items));
+  }
+
+  // Cuts a long chunk into chunks of CHUNK items.
+  void cut_(std::size_t c)
+  {
+    std::vector<T> whole = std::move(chunks_[c]);
+    std::vector<std::vector<T>> pieces;
+    for (std::size_t from = 0; from < whole.size(); from += CHUNK)
+    {
+      const auto first = whole.begin() + static_cast<std::ptrdiff_t>(from);
+      const auto last = whole.begin() + static_cast<std::ptrdiff_t>(std::min(from + CHUNK, whole.size()));
+      pieces.emplace_back(std::make_move_iterator(first), std::make_move_iterator(last));
+    }
+    chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(c));
+    chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(c), std::make_move_iterator(pieces.begin()),
+                   std::make_move_iterator(pieces.end()));
+  }
+
+  // Moves the second half of a full chunk into a new chunk after it.
+  void split_(std::size_t c)
+  {
+    std::vector<T> second;
+    second.reserve(CHUNK);
+    std::vector<T>& first = chunks_[c];
+    const auto half = first.begin() + static_cast<std::ptrdiff_t>(first.size() / 2);
+    second.insert(second.end(), std::make_move_iterator(half), std::make_move_iterator(first.end()));
+    first.erase(half, first.end());
+    chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(c + 1), std::move(second));
+  }
+
+  std::size_t itemsBefore_(std::size_t chunk) const
+  {
+    std::size_t count = 0;
+    for (std::size_t c = 0; c < chunk; ++c)
+      count += chunks_[c].size();
+    return count;
+  }
+
+  std::size_t itemsBetween_(const Position& first, const Position& last) const
+  {
+    if (last.chunk == first.chunk)
+      return last.offset - first.offset;
+    std::size_t count = chunks_[first.chunk].size() - first.offset + last.offset;
+    for (std::size_t c = first.chunk + 1; c < last.chunk; ++c)
+      count += chunks_[c].size();
+    return count;
+  }
+
+  const T* at_(const Position& p) const { return p.chunk == chunks_.size() ? nullptr : &chunks_[p.chunk][p.offset]; }
+  const_iterator iterator_(const Position& p) const { return {&chunks_, p.chunk, p.offset}; }
+
+  // The first item at or after time.
+  Position lowerBound_(double time) const
+  {
+    const auto chunk = std::partition_point(chunks_.begin(), chunks_.end(),
+                                            [time](const std::vector<T>& c) { return c.back().time < time; });
+    if (chunk == chunks_.end())
+      return {chunks_.size(), 0};
+    const auto item =
+        std::lower_bound(chunk->begin(), chunk->end(), time, [](const T& i, double t) { return i.time < t; });
+    return {static_cast<std::size_t>(chunk - chunks_.begin()), static_cast<std::size_t>(item - chunk->begin())};
+  }
+
+  // The first item after time.
+  Position upperBound_(double time) const
+  {
+    const auto chunk = std::partition_point(chunks_.begin(), chunks_.end(),
+                                            [time](const std::vector<T>& c) { return !(time < c.back().time); });
+    if (chunk == chunks_.end())
+      return {chunks_.size(), 0};
+    const auto item =
+        std::upper_bound(chunk->begin(), chunk->end(), time, [](double t, const T& i) { return t < i.time; });
+    return {static_cast<std::size_t>(chunk - chunks_.begin()), static_cast<std::size_t>(item - chunk->begin())};
+  }
+
   // Sorts by time; of equal times the last added is kept.
   static std::vector<T> sortedUnique_(std::vector<T> added)
   {
@@ -163,20 +364,8 @@ private:
     return unique;
   }
 
-  const_iterator lowerBound_(double time) const
-  {
-    return std::lower_bound(items_.begin(), items_.end(), time, [](const T& item, double t) { return item.time < t; });
-  }
-  typename std::vector<T>::iterator lowerBound_(double time)
-  {
-    return std::lower_bound(items_.begin(), items_.end(), time, [](const T& item, double t) { return item.time < t; });
-  }
-  const_iterator upperBound_(double time) const
-  {
-    return std::upper_bound(items_.begin(), items_.end(), time, [](double t, const T& item) { return t < item.time; });
-  }
-
-  std::vector<T> items_;
+  std::vector<std::vector<T>> chunks_; ///< none empty
+  std::size_t size_ = 0;
 };
 
 /// A value at a time: a state, colour, target, width, range or on/off command.

@@ -27,10 +27,27 @@ int Iso8601TimeFormatter::fromString(const std::string& text, TimeStamp& stamp, 
       !in.digits(2, 2, day) || !(in.literal('T') || in.literal(' ')) || !in.digits(2, 2, hour) || !in.literal(':') ||
       !in.digits(2, 2, minute) || !in.literal(':') || !in.seconds(seconds))
     return 1;
-  in.optional('Z');
-  if (!in.atEnd())
+  // The zone: "Z", none (taken as UTC), or the offset from UTC that GPS and GIS tools write,
+  // "+HH:MM", "+HHMM" or "+HH" (or "-"); the stamp is the moment in UTC.
+  int offsetMinutes = 0;
+  if (!in.optional('Z'))
+  {
+    const bool ahead = in.literal('+');
+    if (ahead || in.literal('-'))
+    {
+      int hours = 0, minutes = 0;
+      if (!in.digits(2, 2, hours) || (in.literal(':') && !in.digits(2, 2, minutes)))
+        return 1;
+      in.digits(2, 2, minutes);
+      if (hours > 23 || minutes > 59)
+        return 1;
+      offsetMinutes = (ahead ? 1 : -1) * (hours * 60 + minutes);
+    }
+  }
+  if (!in.atEnd() || !makeCalendarStamp(year, month - 1, day, hour, minute, seconds, stamp))
     return 1;
-  return makeCalendarStamp(year, month - 1, day, hour, minute, seconds, stamp) ? 0 : 1;
+  stamp = stamp - Seconds(offsetMinutes * 60.0);
+  return 0;
 }
 
 } // namespace kelCore

@@ -5,7 +5,8 @@
 namespace kelCore
 {
 
-/// Times as "YYYY-MM-DDTHH:MM:SS.sssZ"; reading also takes a blank for the "T" and no "Z".
+/// Times as "YYYY-MM-DDTHH:MM:SS.sssZ"; reading also takes a blank for the "T", no "Z", and an
+/// offset from UTC instead of it ("+02:00", "-0530", "+01"), giving the moment in UTC.
 class Iso8601TimeFormatter : public TimeFormatter
 {
 public:

@@ -54,11 +54,12 @@ int CalculateOriVelAction::run_()
   return 1;
 }
 
-void CalculateOriVelAction::calculate(const std::vector<EntityInfo>& platforms, bool lagrangian, bool orientation,
+std::vector<unsigned long> CalculateOriVelAction::calculate(const std::vector<EntityInfo>& platforms, bool lagrangian, bool orientation,
                                       bool velocity, unsigned int points)
 {
   PICommon::beginWaitCursor();
   std::vector<unsigned long> ids;
+  std::vector<unsigned long> failed;
   for (const EntityInfo& platform : platforms)
   {
     ids.push_back(platform.id);
@@ -68,6 +69,7 @@ void CalculateOriVelAction::calculate(const std::vector<EntityInfo>& platforms, 
     if (status != 0)
     {
       PICommon::notify("Calculation for platform " + platform.name + " failed due to: " + error, PICommon::NOTIFY_WARN);
+      failed.push_back(platform.id);
       continue;
     }
     if (lagrangian)
@@ -78,6 +80,7 @@ void CalculateOriVelAction::calculate(const std::vector<EntityInfo>& platforms, 
   }
   fireChangeCallback(ids);
   PICommon::endWaitCursor();
+  return failed;
 }
 
 } // namespace QtSep

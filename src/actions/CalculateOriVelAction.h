@@ -20,8 +20,9 @@ public:
    * Recalculates each platform, auditing successes and notifying failures.
    * @param lagrangian true for the Lagrangian method, false for the delta method
    * @param points the Lagrangian window, in points
+   * @return the platforms that failed, in order
    */
-  static void calculate(const std::vector<EntityInfo>& platforms, bool lagrangian, bool orientation, bool velocity,
+  static std::vector<unsigned long> calculate(const std::vector<EntityInfo>& platforms, bool lagrangian, bool orientation, bool velocity,
                         unsigned int points);
 
   static const int WEIGHT = 235;

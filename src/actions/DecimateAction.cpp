@@ -13,6 +13,7 @@
 #include "processing/VisvalingamDecimation.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace QtSep
 {
@@ -40,6 +41,33 @@ enum Method
   BY_DISTANCE,
   BY_AREA
 };
+
+/**
+ * Runs thin on each platform's index, in order, under the "Decimating" progress dialog: static
+ * platforms are passed over with a notice (no step, no cancel check), and a cancel stops the
+ * run between two platforms.
+ */
+void overPlatforms(const std::vector<EntityInfo>& platforms, const std::function<void(std::size_t)>& thin)
+{
+  const int count = static_cast<int>(platforms.size());
+  PIGUI::PIProgressDialog progress(nullptr, "Decimating", "Decimating platforms...", 1, count);
+  progress.setMaximum(count);
+  progress.show();
+  for (int index = 0; index < count; ++index)
+  {
+    const EntityInfo& platform = platforms[static_cast<std::size_t>(index)];
+    if (PIData::getEarliestTime(platform.id) == -1.0)
+    {
+      PICommon::notify("Decimation skipping static platform " + platform.name + "\n", PICommon::NOTIFY_WARN);
+      continue;
+    }
+    thin(static_cast<std::size_t>(index));
+    progress.setValue(index);
+    progress.runWhileEvents();
+    if (progress.isCanceled())
+      break;
+  }
+}
 
 } // namespace
 
@@ -125,39 +153,47 @@ std::unique_ptr<DecimateAlgorithm> DecimateAction::getAlgorithm_(const DecimateD
   return algorithm;
 }
 
-void DecimateAction::decimatePlatforms(const std::vector<EntityInfo>& platforms, DecimateAlgorithm& algorithm)
+std::vector<std::uint64_t> DecimateAction::decimatePlatforms(const std::vector<EntityInfo>& platforms,
+                                                             DecimateAlgorithm& algorithm)
 {
-  const int count = static_cast<int>(platforms.size());
-  PIGUI::PIProgressDialog progress(nullptr, "Decimating", "Decimating platforms...", 1, count);
-  progress.setMaximum(count);
-  progress.show();
-  std::vector<unsigned long> made;
-  for (int index = 0; index < count; ++index)
-  {
-    const EntityInfo& platform = platforms[index];
-    if (PIData::getEarliestTime(platform.id) == -1.0)
-    {
-      PICommon::notify("Decimation skipping static platform " + platform.name + "\n", PICommon::NOTIFY_WARN);
-      continue;
-    }
+  std::vector<std::uint64_t> copies(platforms.size(), 0);
+  overPlatforms(platforms, [&](std::size_t i) {
     std::uint64_t copy = 0;
-    if (algorithm.execute(platform.id, &copy, false) == 0)
-    {
-      Action::addAudit(copy, algorithm.auditText(platform.name));
-      made.push_back(copy);
-    }
-    progress.setValue(index);
-    progress.runWhileEvents();
-    if (progress.isCanceled())
-      break;
-  }
+    if (algorithm.execute(platforms[i].id, &copy, false) != 0)
+      return;
+    Action::addAudit(copy, algorithm.auditText(platforms[i].name));
+    copies[i] = copy;
+  });
   // The copies, and the sources whose names took a suffix, are news to the trees.
+  std::vector<unsigned long> made;
+  for (std::uint64_t copy : copies)
+  {
+    if (copy != 0)
+      made.push_back(copy);
+  }
   if (!made.empty())
   {
     for (const EntityInfo& platform : platforms)
       made.push_back(platform.id);
     fireChangeCallback(made);
   }
+  return copies;
+}
+
+std::vector<bool> DecimateAction::thinPlatforms(const std::vector<EntityInfo>& platforms, DecimateAlgorithm& algorithm)
+{
+  std::vector<bool> thinned(platforms.size(), false);
+  std::vector<unsigned long> changed;
+  overPlatforms(platforms, [&](std::size_t i) {
+    if (algorithm.executeInPlace(platforms[i].id) != 0)
+      return;
+    Action::addAudit(platforms[i].id, algorithm.auditText(platforms[i].name));
+    changed.push_back(platforms[i].id);
+    thinned[i] = true;
+  });
+  if (!changed.empty())
+    fireChangeCallback(changed);
+  return thinned;
 }
 
 void DecimateAction::loadFromRegistry_(DecimateDialog& dialog)

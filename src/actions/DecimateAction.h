@@ -2,7 +2,9 @@
 
 #include "plugin/CommandAction.h"
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace QtSep
 {
@@ -22,8 +24,18 @@ public:
   /// Asks for the method and thins the kept selection. @return 1
   int onCmdDecimate(PIObject* sender, void* data);
 
-  /// Thins each platform into a new one under a progress dialog; static platforms are passed over with a notice.
-  static void decimatePlatforms(const std::vector<EntityInfo>& platforms, DecimateAlgorithm& algorithm);
+  /**
+   * Thins each platform into a new one under a progress dialog; static platforms are passed
+   * over with a notice. @return for each platform in order, its thinned copy; 0 where none was
+   * made (static, failed, or not reached after a cancel)
+   */
+  static std::vector<std::uint64_t> decimatePlatforms(const std::vector<EntityInfo>& platforms,
+                                                      DecimateAlgorithm& algorithm);
+  /**
+   * As decimatePlatforms, but each platform's own track is thinned and the audit goes on it:
+   * no copy is made. @return for each platform in order, whether it was thinned
+   */
+  static std::vector<bool> thinPlatforms(const std::vector<EntityInfo>& platforms, DecimateAlgorithm& algorithm);
   /// @return the algorithm the dialog describes; null for an unknown method
   static std::unique_ptr<DecimateAlgorithm> getAlgorithm_(const DecimateDialog& dialog);
   /// Shows the last accepted choices.

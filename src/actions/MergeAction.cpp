@@ -33,10 +33,7 @@ int MergeAction::run_()
   std::vector<UniqueID_t> ids;
   for (const EntityInfo& entity : selection())
     ids.push_back(entity.id);
-  AutoMerge().merge(ids);
-  fireChangeCallback(ids.front());
-  for (std::size_t i = 1; i < ids.size(); ++i)
-    PIData::removeEntity(ids[i], false);
+  AutoMerge().mergeAndRemove(ids);
   return 1;
 }
 

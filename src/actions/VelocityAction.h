@@ -25,15 +25,15 @@ public:
   /// Filters platforms in place and adds the audit line to each. @return the platforms, for the change signal
   static std::vector<unsigned long> filterPlatforms(const std::vector<EntityInfo>& platforms, const SpeedFilter& filter);
 
+  /// @return the filter the dialog describes: by calculated speed when asked, else by given speed, with its bounds in m/s
+  static std::unique_ptr<SpeedFilter> getFilter_(const VelocityDialog& dialog);
+
   static const int WEIGHT = 230;
 
 protected:
   /// Platforms only.
   bool accepts_(const std::vector<EntityInfo>& entities) const override;
   int run_() override;
-
-private:
-  static std::unique_ptr<SpeedFilter> getFilter_(const VelocityDialog& dialog);
 };
 
 } // namespace QtSep

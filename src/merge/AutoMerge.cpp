@@ -3,8 +3,10 @@
 #include "host/PIDataEntities.h"
 #include "host/PIDataPoints.h"
 #include "merge/PlatformMerge.h"
+#include "plugin/ActionUtilities.h"
 
 #include <algorithm>
+#include <set>
 
 namespace QtSep
 {
@@ -56,6 +58,40 @@ bool AutoMerge::merge(const std::vector<UniqueID_t>& ids)
   platformMerge.setMergeSuffix("");
   for (std::size_t i = 1; i < ids.size(); ++i)
     platformMerge.mergePlatform(ids.front(), ids[i], start, end);
+  return true;
+}
+
+std::vector<std::unique_ptr<MergeInfo>> AutoMerge::detectGroups(bool compareOriginalId)
+{
+  std::vector<UniqueID_t> platforms;
+  PIData::getPlatformList(&platforms);
+  std::vector<std::unique_ptr<MergeInfo>> groups;
+  std::set<UniqueID_t> seen;
+  for (UniqueID_t platform : platforms)
+  {
+    if (seen.count(platform))
+      continue;
+    std::vector<UniqueID_t> candidates;
+    if (possibleMergeCandidates(platform, compareOriginalId, candidates))
+    {
+      seen.insert(candidates.begin(), candidates.end());
+      groups.push_back(std::make_unique<MergeInfo>(candidates));
+    }
+    else
+      seen.insert(platform);
+  }
+  std::stable_sort(groups.begin(), groups.end(),
+                   [](const auto& a, const auto& b) { return compareByName(a.get(), b.get()); });
+  return groups;
+}
+
+bool AutoMerge::mergeAndRemove(const std::vector<UniqueID_t>& ids)
+{
+  if (!merge(ids))
+    return false;
+  fireChangeCallback(ids.front());
+  for (std::size_t i = 1; i < ids.size(); ++i)
+    PIData::removeEntity(ids[i], false);
   return true;
 }
 

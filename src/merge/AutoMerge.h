@@ -2,6 +2,7 @@
 
 #include "host/PIPlatformHeader.h"
 #include "host/UniqueID.h"
+#include "merge/MergeInfo.h"
 
 #include <map>
 #include <memory>
@@ -34,6 +35,20 @@ public:
    * @return false for fewer than two platforms
    */
   bool merge(const std::vector<UniqueID_t>& ids);
+
+  /**
+   * Detect of the Auto Merge tab: every group of two or more platforms of one name (and, with
+   * compareOriginalId, one original ID), each group earliest first, the groups in name order.
+   * Each platform belongs to the group of the first platform of the scenario's list that finds it.
+   */
+  std::vector<std::unique_ptr<MergeInfo>> detectGroups(bool compareOriginalId);
+
+  /**
+   * What Merge and the tab's Accept do with a group: merges every platform after the first
+   * into the first, tells the trees the first changed, and removes the others.
+   * @return false, changing nothing, for fewer than two platforms
+   */
+  bool mergeAndRemove(const std::vector<UniqueID_t>& ids);
 
 private:
   std::map<UniqueID_t, std::unique_ptr<PIData::PIPlatformHeader>> headers_;

@@ -72,27 +72,12 @@ void AutomaticMergeWidget::detectPlatformMatches_()
     return;
   }
   const bool compareOriginalId = ui_->compareCheckBox->isChecked();
-  std::set<UniqueID_t> seen;
-  for (UniqueID_t platform : platforms)
-  {
-    if (seen.count(platform))
-      continue;
-    std::vector<UniqueID_t> candidates;
-    if (autoMerge.possibleMergeCandidates(platform, compareOriginalId, candidates))
-    {
-      seen.insert(candidates.begin(), candidates.end());
-      groups_.push_back(std::make_unique<MergeInfo>(candidates));
-    }
-    else
-      seen.insert(platform);
-  }
+  groups_ = autoMerge.detectGroups(compareOriginalId);
   if (groups_.empty())
   {
     warn_("No matches");
     return;
   }
-  std::stable_sort(groups_.begin(), groups_.end(),
-                   [](const auto& a, const auto& b) { return compareByName(a.get(), b.get()); });
   ui_->treeWidget->setColumnHidden(ORIGINAL_ID_COLUMN, !compareOriginalId);
   for (const auto& group : groups_)
   {
@@ -114,11 +99,8 @@ void AutomaticMergeWidget::mergePlatforms_()
   {
     const QTreeWidgetItem* row = ui_->treeWidget->topLevelItem(static_cast<int>(i));
     const std::vector<UniqueID_t>& ids = groups_[i]->ids;
-    if (!row || row->checkState(0) != Qt::Checked || !autoMerge.merge(ids))
-      continue;
-    fireChangeCallback(ids.front());
-    for (std::size_t k = 1; k < ids.size(); ++k)
-      PIData::removeEntity(ids[k], false);
+    if (row && row->checkState(0) == Qt::Checked)
+      autoMerge.mergeAndRemove(ids);
   }
   cancel_();
   updateEnable_();

@@ -81,4 +81,17 @@ int DecimateAlgorithm::execute(std::uint64_t sourceId, std::uint64_t* newId, boo
   return written;
 }
 
+int DecimateAlgorithm::executeInPlace(std::uint64_t id)
+{
+  const double whole = std::numeric_limits<double>::max();
+  std::vector<PIData::PIPlatformPoint> points;
+  if (PIData::getDataPoints(id, -whole, whole, &points, earthCentred()) != 0 || points.empty())
+    return 1;
+  std::vector<PIData::PIPlatformPoint> result;
+  const int status = execute_(points, result);
+  if (status != 0)
+    return status;
+  return CommonMerge::ReplaceDataPoints(id, result, false);
+}
+
 } // namespace QtSep

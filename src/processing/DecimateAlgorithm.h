@@ -29,6 +29,13 @@ public:
    * @return 0 for success; non-zero when the source has no points or a step failed
    */
   virtual int execute(std::uint64_t sourceId, std::uint64_t* newId, bool mergeCategoryData);
+  /**
+   * Thins a platform's own track instead of a copy: its points are replaced, flush then add,
+   * by those the algorithm keeps; its id, name, children and other data stay.
+   * @return 0 for success; non-zero when it has no points or a step failed, and then its
+   * points are as they were unless the write itself failed
+   */
+  int executeInPlace(std::uint64_t id);
   /// @param append true to give the new platform the source's name and rename the source with "_orig"
   virtual void setAppendToSource(bool append) { appendToSource_ = append; }
   /// @return the audit line for the new platform @param name the source's call sign

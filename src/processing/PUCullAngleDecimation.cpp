@@ -56,7 +56,9 @@ int PUCullAngleDecimation::execute(const std::vector<PIData::PIPlatformPoint>& i
   {
     const kelCore::Vec3 nextPos = positionOf(in[next]);
     const double angle = foldAngle(kelCore::v3Angle(reference, nextPos - anchor));
-    if (tolerance < angle)
+    // Only an angle within the tolerance culls: one that is not a number (a position that is
+    // not one) keeps the middle point rather than hiding it.
+    if (!(tolerance >= angle))
     {
       // The turn is real: the middle point stays and starts the next reference segment.
       out.push_back(in[mid]);

@@ -390,6 +390,32 @@ bool ValidateScenario::anySolutionsAvaiable() const
   return std::any_of(issues_.begin(), issues_.end(), [](const auto& issue) { return issue->canApplyASolution(); });
 }
 
+std::size_t ValidateScenario::fixAll(const FixTried& tried)
+{
+  std::size_t repaired = 0;
+  for (std::size_t i = 0; i < issues_.size(); ++i)
+  {
+    if (!issues_[i]->canApplyASolution())
+      continue;
+    std::vector<Solution*> solutions;
+    issues_[i]->getSolutions(solutions);
+    for (std::size_t s = 0; s < solutions.size(); ++s)
+    {
+      if (solutions[s]->state() != Solution::NOT_TRIED)
+        continue;
+      const bool applied = solutions[s]->apply() == 0;
+      if (tried)
+        tried(i, s, applied);
+      if (applied)
+      {
+        ++repaired;
+        break;
+      }
+    }
+  }
+  return repaired;
+}
+
 void ValidateScenario::add_(Issue* issue)
 {
   issues_.emplace_back(issue);

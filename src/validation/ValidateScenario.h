@@ -2,6 +2,7 @@
 
 #include "host/UniqueID.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -99,6 +100,15 @@ public:
   void getIssues(std::vector<Issue*>& issues) const;
   /// @return true when any issue can still be repaired
   bool anySolutionsAvaiable() const;
+
+  /// Told of each repair that Fix All tried: the issue's and the solution's index, and whether it applied.
+  using FixTried = std::function<void(std::size_t issue, std::size_t solution, bool applied)>;
+  /**
+   * Fix All: for each issue that can still be repaired, tries its untried solutions in order
+   * and stops at the first that applies, so "the first solution listed" is the first that works.
+   * @param tried told of every attempt, if set @return the number of issues repaired
+   */
+  std::size_t fixAll(const FixTried& tried = FixTried());
 
   /// Tables of this prefix are the host's own and never reported.
   static const std::string INTERNAL_TABLE_PREFIX;

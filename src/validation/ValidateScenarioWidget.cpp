@@ -144,30 +144,16 @@ void ValidateScenarioWidget::fixAll_()
 {
   if (!validator_)
     return;
-  std::vector<ValidateScenario::Issue*> issues;
-  validator_->getIssues(issues);
-  for (int row = 0; row < static_cast<int>(issues.size()); ++row)
-  {
-    if (!issues[row]->canApplyASolution())
-      continue;
-    std::vector<ValidateScenario::Solution*> solutions;
-    issues[row]->getSolutions(solutions);
-    for (int s = 0; s < static_cast<int>(solutions.size()); ++s)
+  validator_->fixAll([this](std::size_t issue, std::size_t solution, bool applied) {
+    const int row = static_cast<int>(issue);
+    if (applied)
     {
-      if (solutions[s]->state() != ValidateScenario::Solution::NOT_TRIED)
-        continue;
-      if (solutions[s]->apply() != 0)
-      {
-        if (QPushButton* button = button_(row, s + 1))
-          button->setEnabled(false);
-        continue;
-      }
-      // The first repair that works is the one.
       changed_ = true;
       disableRow_(row);
-      break;
     }
-  }
+    else if (QPushButton* button = button_(row, static_cast<int>(solution) + 1))
+      button->setEnabled(false);
+  });
   updateEnable_();
 }
 

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
+
 using namespace kelvor;
 
 namespace
@@ -32,6 +35,117 @@ TEST(TimeSeries, BulkAddsMergeInTimeOrderAndReplaceEqualTimes)
   EXPECT_EQ(3u, series.range(1, 3).size());
   EXPECT_TRUE(series.erase(1));
   EXPECT_FALSE(series.erase(1));
+}
+
+// A series several chunks long, filled in an order that splits chunks everywhere, answers
+// every query as a plain map of the same items does.
+TEST(TimeSeries, InsertsAnywhereInALongSeriesAnswerAsASortedMap)
+{
+  TimeSeries<Point> series;
+  std::map<double, int> expected;
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> times(0, 20000);
+  for (int i = 0; i < 8000; ++i)
+  {
+    const double time = times(random) * 0.5;
+    Point replaced{-1, -1};
+    const auto placed = series.insert({time, i}, &replaced);
+    const auto held = expected.find(time);
+    ASSERT_EQ(held != expected.end(), placed.replaced) << time;
+    if (placed.replaced)
+    {
+      ASSERT_EQ(held->second, replaced.value);
+    }
+    expected[time] = i;
+    ASSERT_EQ(static_cast<std::size_t>(std::distance(expected.begin(), expected.find(time))), placed.index);
+  }
+  ASSERT_EQ(expected.size(), series.size());
+  ASSERT_GT(series.size(), 4 * TimeSeries<Point>::CHUNK) << "the test must span many chunks";
+
+  auto walk = series.begin();
+  for (const auto& [time, value] : expected)
+  {
+    ASSERT_EQ(time, walk->time);
+    ASSERT_EQ(value, (walk++)->value);
+  }
+  EXPECT_TRUE(walk == series.end());
+
+  for (double from : {-5.0, 0.0, 17.25, 3000.0, 9999.5, 10000.0, 12000.0})
+  {
+    const double to = from + 2345.5;
+    const auto first = expected.lower_bound(from), last = expected.upper_bound(to);
+    const std::vector<Point> got = series.range(from, to);
+    ASSERT_EQ(static_cast<std::size_t>(std::distance(first, last)), got.size()) << from;
+    ASSERT_EQ(got.size(), series.countRange(from, to));
+    if (!got.empty())
+    {
+      EXPECT_EQ(first->first, got.front().time);
+      EXPECT_EQ(std::prev(last)->first, got.back().time);
+    }
+    std::size_t visited = 0;
+    series.forRange(from, to, [&](const Point&) { ++visited; });
+    EXPECT_EQ(got.size(), visited);
+    const auto before = expected.upper_bound(from);
+    if (before == expected.begin())
+      EXPECT_EQ(nullptr, series.atOrBefore(from));
+    else
+      EXPECT_EQ(std::prev(before)->first, series.atOrBefore(from)->time);
+    const auto after = expected.lower_bound(from);
+    if (after == expected.end())
+      EXPECT_EQ(nullptr, series.atOrAfter(from));
+    else
+      EXPECT_EQ(after->first, series.atOrAfter(from)->time);
+  }
+  EXPECT_TRUE(series.range(10, 5).empty());
+  EXPECT_EQ(0u, series.countRange(10, 5));
+
+  // Emptying whole chunks by erasing leaves a series that still answers.
+  const std::vector<std::pair<double, int>> all(expected.begin(), expected.end());
+  for (std::size_t i = 0; i < all.size() / 2; ++i)
+  {
+    ASSERT_TRUE(series.erase(all[i].first));
+    expected.erase(all[i].first);
+  }
+  EXPECT_EQ(expected.size(), series.size());
+  EXPECT_EQ(expected.begin()->first, series.front().time);
+  EXPECT_EQ(expected.begin()->first, series.atOrAfter(-1)->time);
+  series.insertMany({{-3, 1}, {all[1].first, 2}, {1e6, 3}});
+  EXPECT_EQ(-3, series.front().time);
+  EXPECT_EQ(2, series.atOrAfter(all[1].first)->value) << "merged back between the held items";
+  EXPECT_EQ(expected.size() + 3, series.size());
+}
+
+// A bulk add keeps its items as they came; items inserted and erased inside them afterwards
+// land where a sorted map puts them.
+TEST(TimeSeries, ItemsInsertedIntoABulkAddLandInOrder)
+{
+  TimeSeries<Point> series;
+  std::map<double, int> expected;
+  std::vector<Point> bulk;
+  for (int i = 0; i < 3000; ++i)
+  {
+    bulk.push_back({2.0 * i, i});
+    expected[2.0 * i] = i;
+  }
+  series.insertMany(bulk);
+  for (double time : {2999.0, 1.0, 5999.0, 3000.0, 0.5})
+  {
+    series.insert({time, -1});
+    expected[time] = -1;
+  }
+  ASSERT_TRUE(series.erase(4000.0));
+  expected.erase(4000.0);
+  EXPECT_FALSE(series.erase(4001.0));
+  ASSERT_EQ(expected.size(), series.size());
+  auto walk = series.begin();
+  for (const auto& [time, value] : expected)
+  {
+    ASSERT_EQ(time, walk->time);
+    ASSERT_EQ(value, (walk++)->value);
+  }
+  EXPECT_EQ(static_cast<std::size_t>(std::distance(expected.lower_bound(2990.0), expected.upper_bound(3010.0))),
+            series.range(2990.0, 3010.0).size());
+  EXPECT_EQ(2999.0, series.atOrBefore(2999.5)->time);
 }
 
 class Recorder : public StoreListener

@@ -35,6 +35,71 @@ TEST(CsvTrackImport, OneFileOnePlatformNamedAfterTheFile)
   EXPECT_EQ(1.0, store.clock().end()) << "the clock spans the new data";
 }
 
+std::vector<double> timesOf(const ScenarioStore& store)
+{
+  std::vector<double> times;
+  for (const StoredPlatformPoint& p : store.entity(store.list(PI_PLATFORM_TYPE).at(0))->platformPoints)
+    times.push_back(p.time);
+  return times;
+}
+
+// 2024-03-01T00:00:00Z is 60 days into 2024, and 1709251200 seconds after the Unix epoch.
+constexpr double MARCH_2024 = 60 * 86400.0;
+
+TEST(CsvTrackImport, DateTimesAndEpochSecondsCountFromTheYearOfTheFirstTime)
+{
+  ScenarioStore store;
+  ReadReport report = readCsv(store, "time,lat,lon,alt\n"
+                                     "2024-03-01T00:00:00Z,35,-117,0\n"
+                                     "2024-03-01T02:00:01.5+02:00,35,-117,0\n" // 00:00:01.5 UTC
+                                     "2024-03-01 00:00:03.25,35,-117,0\n");    // no zone: UTC
+  ASSERT_TRUE(report.ok()) << (report.errors.empty() ? "" : report.errors[0]);
+  EXPECT_EQ(2024, store.properties().referenceYear);
+  EXPECT_EQ((std::vector<double>{MARCH_2024, MARCH_2024 + 1.5, MARCH_2024 + 3.25}), timesOf(store));
+
+  report = readCsv(store, "time,lat,lon,alt\n1709251200,35,-117,0\n1709251201.5,35,-117,0\n");
+  ASSERT_TRUE(report.ok());
+  EXPECT_EQ(2024, store.properties().referenceYear);
+  EXPECT_EQ((std::vector<double>{MARCH_2024, MARCH_2024 + 1.5}), timesOf(store));
+
+  std::istringstream in("time,lat,lon,alt\n2024-03-01T00:00:00Z,35,-117,0\n");
+  CsvTrackReader::Options options;
+  options.referenceYear = 2023;
+  ASSERT_TRUE(CsvTrackReader(store, options).read(in, "t.csv").ok());
+  EXPECT_EQ(2023, store.properties().referenceYear);
+  EXPECT_EQ((std::vector<double>{365 * 86400.0 + MARCH_2024}), timesOf(store)) << "counted from the year asked for";
+
+  report = readCsv(store, "time,lat,lon,alt\n0,35,-117,0\n31622399,35,-117,0\n-1,35,-117,0\n");
+  ASSERT_TRUE(report.ok()) << "numbers under 100,000,000 stay seconds since the reference year";
+  EXPECT_EQ((std::vector<double>{-1, 0, 31622399}), timesOf(store));
+}
+
+TEST(CsvTrackImport, EveryRowMustHoldTheKindOfTimeTheFirstRowShows)
+{
+  ScenarioStore store;
+  const ReadReport report = readCsv(store, "time,lat,lon,alt\n"
+                                           "2024-03-01T00:00:00Z,35,-117,0\n"
+                                           "5,35,-117,0\n"
+                                           "2024-02-30T00:00:00Z,35,-117,0\n"
+                                           "2024-03-01T00:00:09+25:00,35,-117,0\n"
+                                           "2024-03-01T00:00:10Z,35,-117,0\n");
+  ASSERT_EQ(3u, report.errors.size());
+  EXPECT_EQ("/tracks/flight7.csv:3: bad time '5': an ISO 8601 date-time such as 2024-07-01T12:00:00.25Z, as in "
+            "the first row",
+            report.errors[0]);
+  EXPECT_NE(std::string::npos, report.errors[1].find(":4: bad time '2024-02-30T00:00:00Z'")) << "no such day";
+  EXPECT_EQ((std::vector<double>{MARCH_2024, MARCH_2024 + 10}), timesOf(store)) << "the good rows are read";
+
+  // Found by fuzzing: a number this large once overflowed the year it falls in.
+  const ReadReport numbers = readCsv(store, "time,lat,lon,alt\n1709251200,35,-117,0\n2024-03-01T00:00:00Z,35,-117,0\n"
+                                            "1e300,35,-117,0\n253402300800,35,-117,0\n253402300799,35,-117,0\n");
+  ASSERT_EQ(3u, numbers.errors.size());
+  EXPECT_EQ("/tracks/flight7.csv:3: bad number '2024-03-01T00:00:00Z' for time", numbers.errors[0]);
+  EXPECT_EQ("/tracks/flight7.csv:4: bad time '1e300': Unix seconds past the year 9999", numbers.errors[1]);
+  EXPECT_NE(std::string::npos, numbers.errors[2].find(":5: bad time '253402300800'"));
+  EXPECT_EQ(2u, timesOf(store).size()) << "the last second of 9999 is a time";
+}
+
 TEST(CsvTrackImport, ANameColumnMakesOnePlatformPerNameInAnyColumnOrder)
 {
   ScenarioStore store;

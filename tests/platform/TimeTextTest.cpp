@@ -118,6 +118,28 @@ TEST_F(TimeText, ReadingTakesQuotesPlusAndStatic)
   EXPECT_EQ(2069, read.referenceYear()) << "two-digit years below 70 are this century";
 }
 
+TEST_F(TimeText, IsoDateTimesWithAnOffsetAreTheMomentInUtc)
+{
+  // What GPS loggers and GIS exports write: 2024-07-01 12:00:00.25 at two hours east of UTC is
+  // 10:00:00.25 UTC; at five and a half hours west it is 17:30:00.25 UTC.
+  const double july = 182 * DAY; // 182 days of a leap year lie before July 1
+  TimeStamp read;
+  for (const char* east : {"2024-07-01T12:00:00.25+02:00", "2024-07-01T12:00:00.25+0200", "2024-07-01T12:00:00.25+02"})
+  {
+    ASSERT_EQ(0, registry.fromString(east, read, 2024)) << east;
+    EXPECT_EQ(july + 10 * 3600 + 0.25, read.secondsSinceRefYear(2024).Double()) << east;
+  }
+  ASSERT_EQ(0, registry.fromString("2024-07-01T12:00:00.25-05:30", read, 2024));
+  EXPECT_EQ(july + 17.5 * 3600 + 0.25, read.secondsSinceRefYear(2024).Double());
+  ASSERT_EQ(0, registry.fromString("2024-01-01T00:30:00+01:00", read, 2024));
+  EXPECT_EQ(2023, read.referenceYear()) << "an offset can move the moment into the year before";
+  EXPECT_EQ(0, registry.fromString("2024-07-01T12:00:00.123456Z", read, 2024));
+  EXPECT_NEAR(july + 12 * 3600 + 0.123456, read.secondsSinceRefYear(2024).Double(), 1e-6) << "microseconds";
+  for (const char* refused : {"2024-07-01T12:00:00+2", "2024-07-01T12:00:00+02:", "2024-07-01T12:00:00+24:00",
+                              "2024-07-01T12:00:00+02:60", "2024-07-01T12:00:00Z+02:00"})
+    EXPECT_EQ(1, registry.fromString(refused, read, 2024)) << refused;
+}
+
 TEST_F(TimeText, TextThatIsNoTimeIsRefused)
 {
   const TimeStamp untouched(2001, 5.0);

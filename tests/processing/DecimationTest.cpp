@@ -11,6 +11,11 @@
 #include "support/ServerFixture.h"
 
 #include <cmath>
+#include <limits>
+#include <map>
+#include <memory>
+#include <random>
+#include <set>
 
 using namespace QtSep;
 
@@ -47,6 +52,110 @@ std::vector<double> timesOf(DecimateAlgorithm& algorithm, const std::vector<PIDa
   for (const auto& p : out)
     times.push_back(p.time);
   return times;
+}
+
+/**
+ * The area method as its rule is written: triangles in a multimap by area (equal areas in the
+ * order entered), the smallest taken first, and each neighbour's entry found by a linear walk
+ * from the start, erased and entered afresh with its new area. Quadratic; the reference the
+ * fast method must match survivor for survivor.
+ */
+std::vector<double> byAreaAsWritten(const std::vector<PIData::PIPlatformPoint>& in, double fraction)
+{
+  const std::size_t n = in.size();
+  const auto drop = static_cast<std::size_t>(fraction * static_cast<double>(n));
+  std::vector<double> times;
+  if (n < 4 || drop == 0 || n - 2 <= drop)
+  {
+    for (std::size_t i = 0; i < n; ++i)
+      if (n < 4 || drop == 0 || i == 0 || i == n - 1)
+        times.push_back(in[i].time);
+    return times;
+  }
+  struct Triangle
+  {
+    std::size_t previous, self, next;
+    Triangle* previousTriangle = nullptr;
+    Triangle* nextTriangle = nullptr;
+  };
+  const auto area = [&](const Triangle& t) {
+    return VisvalingamDecimation::triangleArea(in[t.previous].position, in[t.self].position, in[t.next].position);
+  };
+  std::vector<std::unique_ptr<Triangle>> triangles;
+  for (std::size_t i = 0; i < n - 2; ++i)
+  {
+    triangles.push_back(std::make_unique<Triangle>(Triangle{i, i + 1, i + 2}));
+    if (i > 0)
+    {
+      triangles[i]->previousTriangle = triangles[i - 1].get();
+      triangles[i - 1]->nextTriangle = triangles[i].get();
+    }
+  }
+  std::multimap<double, Triangle*> byArea;
+  for (const auto& t : triangles)
+    byArea.emplace(area(*t), t.get());
+  const auto reenter = [&](Triangle* t) {
+    for (auto it = byArea.begin(); it != byArea.end(); ++it)
+      if (it->second == t)
+      {
+        byArea.erase(it);
+        break;
+      }
+    byArea.emplace(area(*t), t);
+  };
+  for (std::size_t k = 0; k < drop; ++k)
+  {
+    Triangle* t = byArea.begin()->second;
+    byArea.erase(byArea.begin());
+    if (Triangle* p = t->previousTriangle)
+    {
+      p->next = t->next;
+      p->nextTriangle = t->nextTriangle;
+      reenter(p);
+    }
+    if (Triangle* q = t->nextTriangle)
+    {
+      q->previous = t->previous;
+      q->previousTriangle = t->previousTriangle;
+      reenter(q);
+    }
+  }
+  std::set<std::size_t> kept;
+  for (const auto& entry : byArea)
+    kept.insert({entry.second->previous, entry.second->self, entry.second->next});
+  for (std::size_t i : kept)
+    times.push_back(in[i].time);
+  return times;
+}
+
+/**
+ * A track that makes many triangles of equal area: spells standing still (area 0), straight
+ * runs at an even pace (area 0), and moves between points of a coarse grid, so that equal
+ * areas abound and re-entered triangles tie with waiting ones.
+ */
+std::vector<PIData::PIPlatformPoint> stationarySpells(std::size_t count, unsigned seed)
+{
+  std::mt19937 random(seed);
+  std::uniform_int_distribution<int> step(-2, 2);
+  std::uniform_int_distribution<int> spell(1, 12);
+  std::uniform_int_distribution<int> kind(0, 2);
+  std::vector<PIData::PIPlatformPoint> track;
+  double x = 0.0, y = 0.0, z = 0.0;
+  while (track.size() < count)
+  {
+    const int length = spell(random);
+    const int what = kind(random);
+    const double dx = 100.0 * step(random), dy = 100.0 * step(random), dz = 10.0 * step(random);
+    for (int i = 0; i < length && track.size() < count; ++i)
+    {
+      if (what == 1) // an even straight run
+        x += 100.0;
+      else if (what == 2) // wandering on the grid
+        x += dx, y += dy, z += dz;
+      track.push_back(at(static_cast<double>(track.size()), x, y, z));
+    }
+  }
+  return track;
 }
 
 } // namespace
@@ -111,6 +220,19 @@ TEST(Decimation, ByAngleCullsStraightStretchesAndKeepsTurns)
   EXPECT_EQ(" Angle: Hawk (1d)", byAngle.auditText("Hawk"));
 }
 
+TEST(Decimation, ByAngleKeepsThePointsAroundAnAngleThatIsNotANumber)
+{
+  // Only an angle within the tolerance culls. A position that is not a number makes every
+  // angle it takes part in not a number, so its neighbours stay instead of going with it.
+  CullAngleDecimation byAngle;
+  byAngle.setCullAngle(1.0 * M_PI / 180.0);
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_EQ((std::vector<double>{0, 1, 2, 3, 4}),
+            timesOf(byAngle, {at(0, 0), at(1, 100), at(2, nan), at(3, 300), at(4, 400)}));
+  EXPECT_EQ((std::vector<double>{0, 4}), timesOf(byAngle, {at(0, 0), at(1, 100), at(2, 200), at(3, 300), at(4, 400)}))
+      << "the same track without it is one straight stretch";
+}
+
 TEST(Decimation, ByDistanceMeasuresThePathTravelled)
 {
   DistanceDecimation byDistance;
@@ -138,6 +260,34 @@ TEST(Decimation, ByAreaDropsTheFlattestPointsFirst)
                                                         at(8, 800), at(9, 900)};
   EXPECT_EQ((std::vector<double>{0, 1, 2, 4, 5, 7, 8, 9}), timesOf(byArea, zigzag));
   EXPECT_EQ("Area: Hawk (20%)", byArea.auditText("Hawk"));
+}
+
+TEST(Decimation, ByAreaTakesEqualAreasInTheOrderTheyWereEntered)
+{
+  // Eight points on a line: six triangles of area 0, entered for points 1 to 6. Point 1 goes
+  // and point 2 is entered again, behind 3 to 6; then 3 goes (2 and 4 entered again), then 5
+  // (4 and 6 again), and then 2, whose entry now stands first. Taking the lowest point among
+  // equals would keep 0, 5, 6, 7 instead.
+  VisvalingamDecimation byArea;
+  byArea.setPercentageDrop(0.5);
+  EXPECT_EQ((std::vector<double>{0, 4, 6, 7}), timesOf(byArea, straight(8)));
+  EXPECT_EQ(byAreaAsWritten(straight(8), 0.5), timesOf(byArea, straight(8)));
+}
+
+TEST(Decimation, ByAreaKeepsTheSurvivorsOfTheRuleAsWrittenOnTracksOfEqualAreas)
+{
+  VisvalingamDecimation byArea;
+  for (unsigned seed = 1; seed <= 6; ++seed)
+  {
+    const std::vector<PIData::PIPlatformPoint> track = stationarySpells(600 + 350 * seed, seed);
+    for (double fraction : {0.05, 0.3, 0.5, 0.75, 0.9, 0.995})
+    {
+      byArea.setPercentageDrop(fraction);
+      const std::vector<double> fast = timesOf(byArea, track);
+      ASSERT_EQ(byAreaAsWritten(track, fraction), fast) << "seed " << seed << ", drop " << fraction;
+      ASSERT_EQ(track.size() - static_cast<std::size_t>(fraction * track.size()), fast.size());
+    }
+  }
 }
 
 class DecimatingPlatforms : public ServerFixture
