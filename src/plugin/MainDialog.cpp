@@ -4,6 +4,7 @@
 #include "actions/MakeStationaryWidget.h"
 #include "datasources/PointEditorWidget.h"
 #include "merge/AutomaticMergeWidget.h"
+#include "merge/ManualMergeWidget.h"
 #include "plugin/ActionManager.h"
 #include "plugin/MenuInfo.h"
 #include "plugin/MiscellaneousWidget.h"
@@ -108,6 +109,7 @@ void MainDialog::buildTree_()
 void MainDialog::buildTabs_()
 {
   addTab(new AutomaticMergeWidget, AUTO_MERGE_TAB);
+  addTab(new ManualMergeWidget(*entityTreeComposite_), MANUAL_MERGE_TAB);
   addTab(new MakeStationaryWidget, MAKE_STATIONARY_TAB);
   pointEditor_ = new PointEditorWidget(*entityTreeComposite_);
   addTab(pointEditor_, POINT_EDITOR_TAB);
@@ -118,7 +120,7 @@ void MainDialog::buildTabs_()
 
 QStringList MainDialog::tabTitles()
 {
-  return {AUTO_MERGE_TAB, MAKE_STATIONARY_TAB, POINT_EDITOR_TAB, MISCELLANEOUS_TAB};
+  return {AUTO_MERGE_TAB, MANUAL_MERGE_TAB, MAKE_STATIONARY_TAB, POINT_EDITOR_TAB, MISCELLANEOUS_TAB};
 }
 
 void MainDialog::addTab(TabWidget* tab, const QString& title)
@@ -182,7 +184,14 @@ int MainDialog::startPointEdit(const QList<unsigned long>& ids)
 
 int MainDialog::startManualMerge(const QList<unsigned long>& ids)
 {
-  return startTab_(MANUAL_MERGE_TAB, ids);
+  auto* merge = dynamic_cast<ManualMergeWidget*>(tab(MANUAL_MERGE_TAB));
+  if (!merge)
+    return 1;
+  tabWidget_->setCurrentWidget(merge);
+  merge->clearAll();
+  entityTreeComposite_->setSelected(ids);
+  merge->addSelectedPlatforms();
+  return 0;
 }
 
 int MainDialog::startTab_(const QString& title, const QList<unsigned long>& ids)

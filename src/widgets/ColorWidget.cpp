@@ -8,7 +8,8 @@
 namespace kelQt
 {
 
-ColorWidget::ColorWidget(QWidget* parent) : QWidget(parent), button_(new QToolButton(this))
+ColorWidget::ColorWidget(QWidget* parent)
+  : QWidget(parent), button_(new QToolButton(this)), dialogTitle_(tr("Select Color"))
 {
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -16,6 +17,17 @@ ColorWidget::ColorWidget(QWidget* parent) : QWidget(parent), button_(new QToolBu
   button_->setObjectName("colorButton");
   connect(button_, &QToolButton::clicked, this, &ColorWidget::chooseColor_);
   updateSwatch_();
+}
+
+void ColorWidget::setText(const QString& text)
+{
+  button_->setText(text);
+  button_->setToolButtonStyle(text.isEmpty() ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+}
+
+QString ColorWidget::text() const
+{
+  return button_->text();
 }
 
 void ColorWidget::setColor(const QColor& color)
@@ -30,7 +42,7 @@ void ColorWidget::setColor(const QColor& color)
 void ColorWidget::chooseColor_()
 {
   const QColor chosen = QColorDialog::getColor(
-      color_, this, tr("Select Color"), showAlpha_ ? QColorDialog::ShowAlphaChannel : QColorDialog::ColorDialogOptions());
+      color_, this, dialogTitle_, showAlpha_ ? QColorDialog::ShowAlphaChannel : QColorDialog::ColorDialogOptions());
   if (chosen.isValid())
     setColor(chosen);
 }

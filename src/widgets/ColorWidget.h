@@ -20,6 +20,12 @@ public:
   /// @return true when the chooser offers an alpha channel.
   bool showAlpha() const { return showAlpha_; }
   void setShowAlpha(bool show) { showAlpha_ = show; }
+  /// @param text shown beside the swatch; empty for the swatch alone
+  void setText(const QString& text);
+  QString text() const;
+  /// @param title the title of the colour chooser
+  void setDialogTitle(const QString& title) { dialogTitle_ = title; }
+  QString dialogTitle() const { return dialogTitle_; }
 
 public slots:
   /// Shows color; emits colorChanged when it differs from the one shown.
@@ -36,6 +42,7 @@ private:
   QToolButton* button_;
   QColor color_ = Qt::white;
   bool showAlpha_ = true;
+  QString dialogTitle_;
 };
 
 } // namespace kelQt

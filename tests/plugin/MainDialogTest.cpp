@@ -1,4 +1,5 @@
 #include "host/PIData.h"
+#include "merge/ManualMergeWidget.h"
 #include "plugin/Action.h"
 #include "plugin/ActionManager.h"
 #include "plugin/ActionUtilities.h"
@@ -125,10 +126,16 @@ TEST_F(EditorWindow, IsAHiddenDockOfTreeAndTabs)
   EXPECT_EQ("Qt Scenario Editor", dialog->windowTitle());
   EXPECT_EQ("ScenarioEditorMainDialog", dialog->objectName());
   EXPECT_TRUE(dialog->isHidden());
-  EXPECT_EQ((QStringList{"Auto Merge", "Make Stationary", "Point Editor", "Miscellaneous"}), QtSep::MainDialog::tabTitles());
+  EXPECT_EQ((QStringList{"Auto Merge", "Manual Merge", "Make Stationary", "Point Editor", "Miscellaneous"}), QtSep::MainDialog::tabTitles());
   EXPECT_EQ(0, dialog->currentTabIndex());
   EXPECT_TRUE(dialog->entityTreeModel().indexOf(sample.gate).isValid()) << "the tree reads the scenario at once";
-  EXPECT_EQ(1, dialog->startManualMerge({sample.platform})) << "no manual merge in this build";
+  EXPECT_EQ(0, dialog->startManualMerge({sample.platform}));
+  EXPECT_EQ("Manual Merge", dialog->tabWidget().tabText(dialog->tabWidget().currentIndex()));
+  auto* merge = dynamic_cast<QtSep::ManualMergeWidget*>(dialog->tab("Manual Merge"));
+  ASSERT_NE(nullptr, merge);
+  EXPECT_EQ(std::vector<UniqueID_t>{sample.platform}, merge->platformIds()) << "the ids are listed at once";
+  // Until Detect has run the merge tab's list is stale, so leaving it asks first.
+  WhenShown<QMessageBox> leave([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
   EXPECT_EQ(0, dialog->startPointEdit({sample.platform}));
   EXPECT_EQ("Point Editor", dialog->tabWidget().tabText(dialog->tabWidget().currentIndex()));
   EXPECT_TRUE(QTest::qWaitFor([&] { return dialog->entityTreeComposite().selectedItems() == QList<unsigned long>{sample.platform}; }, 10000));
