@@ -98,6 +98,13 @@ std::string CommandContext::label(UniqueID_t id)
            : "entity " + std::to_string(id) + " (gone)";
 }
 
+QJsonObject CommandContext::entityJson(UniqueID_t id)
+{
+  const Entity* e = session_.store().entity(id);
+  return QJsonObject{{"name", QString::fromStdString(e ? nameOfHeader(e->header) : std::string())},
+                     {"id", static_cast<qint64>(e ? originalIdOfHeader(e->header) : 0)}};
+}
+
 bool CommandContext::platforms(std::vector<UniqueID_t>& ids)
 {
   ids.clear();

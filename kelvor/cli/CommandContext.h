@@ -65,6 +65,9 @@ public:
   /// @return "NAME (id N)", N being the id the file shows (the original id), as NAME_OR_ID takes it.
   std::string label(UniqueID_t id);
 
+  /// @return {"name": NAME, "id": N}, N being the id the file shows, as label gives them.
+  QJsonObject entityJson(UniqueID_t id);
+
   /// Writes the scenario to path atomically. @return false, after saying why, when it could not
   bool writeScenario(const std::string& path, kelCore::CoordinateSystem positions = kelCore::CoordinateSystem::LLA);
   /// Writes text produced by write to path atomically. @return false, after saying why, when it could not

@@ -26,6 +26,11 @@ int exportGog(CommandContext& context);
 // Merges: MergeCommands.cpp
 int merge(CommandContext& context);
 int autoMerge(CommandContext& context);
+int manualMerge(CommandContext& context);
 int dropouts(CommandContext& context);
+
+// Whole-scenario repairs: ScenarioCommands.cpp
+int makeStationary(CommandContext& context);
+int shiftTimes(CommandContext& context);
 
 } // namespace kelvor::commands

@@ -110,6 +110,43 @@ const std::vector<CommandEntry>& commandTable()
      "Merges every group of platforms of one name into its earliest, as the Auto Merge tab's Detect and Accept.\n"
      "  --no-original-id  group by name alone; by default the original ids must match too\n",
      {{"--no-original-id"}}, commands::autoMerge},
+    {"manual-merge",
+     "manual-merge IN OUT --entity PRIMARY --entity B [--entity C]... [--gap S] [--start T] [--end T]\n"
+     "             [--include-no-original-id] [--skip K]... [--json]",
+     "Builds a new platform, PRIMARY's name with \"_Merge\", as the Manual Merge tab's Detect and Merge do:\n"
+     "PRIMARY's track, each of its dropouts filled from the first of B, C... (in that order) with points\n"
+     "there. The sources stay as they are. Lists each stretch: START END and the platform filling it.\n"
+     "  --gap S                  the seconds without points that make a dropout: 1 to 120, 15 by default\n"
+     "  --start T, --end T       the time slice, seconds since the reference year; the scenario's span by default\n"
+     "  --include-no-original-id also fill from platforms whose original id is 0\n"
+     "  --skip K                 leave out stretch K of the list, counted from 1\n"
+     "  --json                   the merged platform and the stretches as one JSON object\n",
+     {ENTITIES, {"--gap", true}, {"--start", true}, {"--end", true}, {"--include-no-original-id"},
+      {"--skip", true, true}, {"--json"}},
+     commands::manualMerge},
+    {"make-stationary",
+     "make-stationary IN OUT [--distance M] [--yaw DEG] [--pitch DEG] [--roll DEG] [--keep-life-span]\n"
+     "                [--entity NAME_OR_ID]...\n"
+     "make-stationary FILE --detect-only [--distance M] [--yaw DEG] [--pitch DEG] [--roll DEG] [--json]",
+     "Finds the platforms that stay within every delta given over the scenario's span, as the Make Stationary\n"
+     "tab's Detect does, and converts them to one static point, as its Accept does.\n"
+     "  --distance M      ground distance from the first point, 0 to 10000 metres\n"
+     "  --yaw DEG         change of yaw from the first value, 0 to 180 degrees\n"
+     "  --pitch DEG, --roll DEG  change of pitch or roll, 0 to 90 degrees\n"
+     "  --keep-life-span  keep the first point at the first and the last time instead of one static point\n"
+     "  --detect-only     list the platforms found; nothing is written\n"
+     "  --json            with --detect-only, {\"stationary\": [{\"name\": NAME, \"id\": N}, ...]}\n"
+     "  --entity X        a platform by name or id; every platform when none is named\n",
+     {{"--distance", true}, {"--yaw", true}, {"--pitch", true}, {"--roll", true}, {"--keep-life-span"},
+      {"--detect-only"}, {"--json"}, ENTITIES},
+     commands::makeStationary},
+    {"shift-times", "shift-times IN OUT --start TIME [--year Y]",
+     "Moves the whole scenario in time, as Edit Times... does: every time-stamped value shifts by the\n"
+     "distance from the scenario's begin to TIME; static values stay.\n"
+     "  --start TIME  the new begin, in any format the editor reads: \"2026-05-01T08:00:00Z\",\n"
+     "                \"121 2026 08:00:00\", \"May 1 2026 08:00:00\" or seconds since the reference year\n"
+     "  --year Y      the new reference year (1970 to 9999); the file's by default\n",
+     {{"--start", true}, {"--year", true}}, commands::shiftTimes},
     {"dropouts", "dropouts FILE --entity NAME_OR_ID --gap S [--start T] [--end T] [--json]",
      "The stretches of more than S seconds without points of one platform, one a line: START END, in seconds\n"
      "since the reference year.\n"

@@ -1,5 +1,6 @@
-// kelvor-edit commands that join tracks: merge, auto-merge, dropouts. They run the Merge
-// command's, the Auto Merge tab's and the dropout detection's own code.
+// kelvor-edit commands that join tracks: merge, auto-merge, manual-merge, dropouts. They run
+// the Merge command's, the Auto Merge tab's, the Manual Merge tab's and the dropout detection's
+// own code.
 #include "cli/Commands.h"
 
 #include "files/NumberText.h"
@@ -8,8 +9,14 @@
 #include "host/PIDataPoints.h"
 #include "merge/AutoMerge.h"
 #include "merge/CommonMerge.h"
+#include "merge/ManualMerge.h"
+#include "merge/ManualMergeWidget.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
 
 #include <limits>
+#include <set>
 
 namespace kelvor::commands
 {
@@ -73,18 +80,133 @@ int autoMerge(CommandContext& context)
   return 0;
 }
 
+namespace
+{
+
+/// Reads the time slice options, the scenario's span where one is not given. @return false, with error set, for a bad one
+bool readSlice(const CommandArguments& args, double& start, double& end, std::string& error)
+{
+  const double largest = std::numeric_limits<double>::max();
+  if (!args.number("--start", start, -1.0, largest, error) || !args.number("--end", end, -1.0, largest, error))
+    return false;
+  if (!args.has("--start"))
+    start = PIData::clockGetBegin();
+  if (!args.has("--end"))
+    end = PIData::clockGetEnd();
+  if (end < start)
+    error = "--end " + NumberText::format(end) + " is before --start " + NumberText::format(start);
+  return error.empty();
+}
+
+/// Reads the stretches to leave out, numbered from 1. @return false, with error set, for a bad number
+bool readSkipped(const CommandArguments& args, std::set<std::size_t>& skipped, std::string& error)
+{
+  for (const std::string& text : args.values("--skip"))
+  {
+    std::size_t used = 0;
+    unsigned long long number = 0;
+    try
+    {
+      number = std::stoull(text, &used);
+    }
+    catch (const std::exception&)
+    {
+      used = 0;
+    }
+    if (used != text.size() || number == 0 || text.front() == '-')
+    {
+      error = "--skip " + text + " is no stretch number: 1 or more";
+      return false;
+    }
+    skipped.insert(static_cast<std::size_t>(number));
+  }
+  return true;
+}
+
+} // namespace
+
+int manualMerge(CommandContext& context)
+{
+  const CommandArguments& args = context.args();
+  std::string error;
+  std::int64_t gap = 15;
+  if (args.values("--entity").size() < 2)
+    return context.usage("--entity is needed twice or more: the primary, then the others by priority");
+  if (!args.integer("--gap", gap, 1, 120, error))
+    return context.usage(error);
+  std::set<std::size_t> skipped;
+  if (!readSkipped(args, skipped, error))
+    return context.usage(error);
+  if (const int status = context.start(2, "IN and OUT", true))
+    return status;
+  std::vector<UniqueID_t> ids;
+  if (!context.platforms(ids))
+    return 1;
+  double start = 0.0, end = 0.0;
+  if (!readSlice(args, start, end, error))
+    return context.usage(error);
+
+  // Detect, untick as asked, then Merge, as in the Manual Merge tab.
+  context.progress().step("detecting the dropouts of " + context.label(ids.front()));
+  std::vector<QtSep::DropOut> stretches;
+  if (!QtSep::ManualMerge::detect(ids, start, end, static_cast<double>(gap), QtSep::ManualMergeWidget::DEFAULT_COLORS,
+                                  stretches))
+    return context.fail(context.label(ids.front()) + " has no points between " + NumberText::format(start) +
+                        " and " + NumberText::format(end) + "; nothing written");
+  if (!skipped.empty() && *skipped.rbegin() > stretches.size())
+    return context.usage("--skip " + std::to_string(*skipped.rbegin()) + ": there are " +
+                         std::to_string(stretches.size()) + " stretches");
+  const bool includeNoOriginalId = args.has("--include-no-original-id");
+  std::vector<bool> used;
+  for (std::size_t k = 0; k < stretches.size(); ++k)
+    used.push_back((stretches[k].originalId != 0 || includeNoOriginalId) && !skipped.count(k + 1));
+  context.progress().step("merging into a new platform");
+  const UniqueID_t merged = QtSep::ManualMerge::merge(ids, start, end, stretches, used);
+  context.progress().clear();
+  if (merged == 0)
+    return context.fail("the merged platform could not be made; nothing written");
+  context.relayNotifications();
+  if (!context.writeScenario(context.outFile()))
+    return 1;
+  if (args.has("--json"))
+  {
+    QJsonArray list;
+    for (std::size_t k = 0; k < stretches.size(); ++k)
+    {
+      const QtSep::DropOut& d = stretches[k];
+      list.append(QJsonObject{{"start", d.startTime}, {"end", d.endTime}, {"gapStart", d.gapStart},
+                              {"gapDuration", d.gapDuration},
+                              {"source", d.sourceId ? QJsonValue(context.entityJson(d.sourceId)) : QJsonValue()},
+                              {"points", d.numberOfPoints}, {"used", static_cast<bool>(used[k])}});
+    }
+    context.printJson(QJsonObject{{"merged", context.entityJson(merged)}, {"stretches", list}});
+    return 0;
+  }
+  for (std::size_t k = 0; k < stretches.size(); ++k)
+  {
+    const QtSep::DropOut& d = stretches[k];
+    context.out() << k + 1 << ". " << NumberText::format(d.startTime) << ' ' << NumberText::format(d.endTime) << ' '
+                  << (d.sourceId ? context.label(d.sourceId) + ", " + std::to_string(d.numberOfPoints) +
+                                     (d.numberOfPoints == 1 ? " point" : " points")
+                                 : std::string("no source"))
+                  << (used[k] ? "" : ", left out") << '\n';
+  }
+  context.out() << "wrote " << context.outFile() << ": " << context.label(merged) << " holds "
+                << PIData::getNumberDataPoints(merged) << " points\n";
+  return 0;
+}
+
 int dropouts(CommandContext& context)
 {
   const CommandArguments& args = context.args();
   std::string error;
   const double largest = std::numeric_limits<double>::max();
-  double gap = 0.0, start = 0.0, end = 0.0;
+  double gap = 0.0;
   if (args.values("--entity").size() != 1)
     return context.usage("--entity is needed once: the platform to look at");
   if (!args.has("--gap"))
     return context.usage("--gap is needed: the seconds without points that make a dropout");
-  if (!args.number("--gap", gap, 0.0, largest, error) || !args.number("--start", start, -1.0, largest, error) ||
-      !args.number("--end", end, -1.0, largest, error))
+  if (!args.number("--gap", gap, 0.0, largest, error))
     return context.usage(error);
   if (!(gap > 0.0))
     return context.usage("--gap " + args.value("--gap") + " is out of range: more than 0");
@@ -97,12 +219,9 @@ int dropouts(CommandContext& context)
     return context.fail("'" + args.value("--entity") + "' names " + std::to_string(ids.size()) +
                         " platforms; dropouts looks at one");
   // The time slice of the Manual Merge tab: the scenario's span unless given.
-  if (!args.has("--start"))
-    start = PIData::clockGetBegin();
-  if (!args.has("--end"))
-    end = PIData::clockGetEnd();
-  if (end < start)
-    return context.usage("--end " + NumberText::format(end) + " is before --start " + NumberText::format(start));
+  double start = 0.0, end = 0.0;
+  if (!readSlice(args, start, end, error))
+    return context.usage(error);
 
   std::vector<QtSep::DropOut> found;
   CommonMerge::GenerateDropOuts(ids.front(), start, end, gap, found);

@@ -3,7 +3,7 @@
 #include "cli/ProgressLine.h"
 #include "store/ProcessMemory.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <exception>
 #include <iostream>
@@ -15,8 +15,16 @@ int main(int argc, char** argv)
   // Nothing escapes: whatever goes wrong ends as a failure with a sentence, never an abort.
   try
   {
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName("kelvor-lite");
+    // The editor's code behind some commands (the scenario's times) builds its editing panels
+    // as it would in the window; they need a widget application, never a screen.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+      qputenv("QT_QPA_PLATFORM", "offscreen");
+    // What Qt says while it sets up a screen nobody sees (a runtime folder, fonts) is no
+    // concern of a command's user.
+    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    QApplication application(argc, argv);
+    qInstallMessageHandler(previous);
+    QApplication::setApplicationName("kelvor-lite");
     std::vector<std::string> arguments(argv + 1, argv + argc);
     return kelvor::KelvorEdit().run(arguments, std::cout, std::cerr, kelvor::ProgressLine::standardErrorIsTerminal());
   }

@@ -13,6 +13,11 @@
 #include "merge/AutoMerge.h"
 #include "merge/AutomaticMergeWidget.h"
 #include "merge/CommonMerge.h"
+#include "merge/ManualMergeWidget.h"
+#include "actions/MakeStationaryWidget.h"
+#include "processing/AdjustScenarioTimes.h"
+#include "utils/EntityTreeModel.h"
+#include "widgets/EntityTreeComposite.h"
 #include "plugin/ActionUtilities.h"
 #include "processing/SpeedFilter.h"
 #include "processing/VisvalingamDecimation.h"
@@ -24,7 +29,9 @@
 #include <QJsonObject>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTreeWidget>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -367,6 +374,108 @@ TEST_F(KelvorEditAgainstTheEditor, DropoutsAreTheStretchesTheDetectionFinds)
   EXPECT_EQ("144.0000005 179.9999995\n", printed);
   ASSERT_EQ(KelvorEdit::SUCCESS, run({"dropouts", in, "--entity", "1", "--gap", "36", "--start", "100", "--end", "194"}));
   EXPECT_EQ("", printed) << "a hole of exactly the gap is none";
+}
+
+TEST_F(KelvorEditAgainstTheEditor, ManualMergeBuildsThePlatformTheManualMergeTabBuilds)
+{
+  // Over the scenario's span (0 to 300 s) the Vipers fill before Eagle begins, Lone's point at
+  // 150 s fills Eagle's hole, and nothing reaches past 194 s.
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"manual-merge", in, out, "--entity", "Eagle", "--entity", "Lone", "--entity",
+                                      "Viper", "--gap", "10"}))
+    << complaints;
+  const std::string expected = editor([](EditSession& session) {
+    PluginUtils::EntityTreeModel model;
+    model.forceRefresh();
+    kelQt::EntityTreeComposite list;
+    list.setModel(&model);
+    QtSep::ManualMergeWidget tab(list);
+    // One at a time, so that the priority is the order added.
+    for (UniqueID_t id : {session.store().findPlatform("Eagle"), session.store().findPlatform("Lone"),
+                          UniqueID_t(3), UniqueID_t(4), UniqueID_t(5)})
+    {
+      list.setSelected(QList<unsigned long>{static_cast<unsigned long>(id)});
+      tab.addSelectedPlatforms();
+    }
+    tab.findChild<QSpinBox*>("gapSpinBox")->setValue(10);
+    tab.findChild<QPushButton*>("detectPushButton")->click();
+    ASSERT_GT(tab.findChild<QTreeWidget*>("dropoutTreeWidget")->topLevelItemCount(), 0);
+    tab.findChild<QPushButton*>("mergePushButton")->click();
+  });
+  EXPECT_EQ(expected, fileText(out));
+  EXPECT_NE(std::string::npos, printed.find("3. 150 150 Lone (id 6), 1 point\n")) << printed;
+  EXPECT_NE(std::string::npos, printed.find("4. 194.0000005 300 no source, left out")) << printed;
+  EXPECT_NE(std::string::npos, printed.find("Eagle_Merge (id 1) holds 143 points")) << printed;
+
+  // Leaving Lone's stretch out leaves Eagle's hole open in the new platform.
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"manual-merge", in, out, "--entity", "Eagle", "--entity", "Lone", "--gap", "10",
+                                      "--skip", "2", "--json"}));
+  const QJsonObject report = QJsonDocument::fromJson(QByteArray::fromStdString(printed)).object();
+  EXPECT_EQ("Eagle_Merge", report["merged"]["name"].toString());
+  ASSERT_EQ(3, report["stretches"].toArray().size()) << printed;
+  EXPECT_FALSE(report["stretches"][1]["used"].toBool());
+  EXPECT_EQ(6, report["stretches"][1]["source"]["id"].toInt());
+  EXPECT_TRUE(report["stretches"][0]["source"].isNull()) << "nothing before Eagle but the Vipers, not listed";
+
+  EXPECT_EQ(KelvorEdit::USAGE, run({"manual-merge", in, out, "--entity", "Eagle"})) << "one platform fills nothing";
+  EXPECT_EQ(KelvorEdit::USAGE, run({"manual-merge", in, out, "--entity", "Eagle", "--entity", "Lone", "--gap", "121"}));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"manual-merge", in, out, "--entity", "Eagle", "--entity", "Lone", "--skip", "0"}));
+  EXPECT_EQ(KelvorEdit::USAGE,
+            run({"manual-merge", in, out, "--entity", "Eagle", "--entity", "Lone", "--gap", "10", "--skip", "4"}))
+    << "there are three stretches";
+  EXPECT_EQ(KelvorEdit::FAILURE, run({"manual-merge", in, out, "--entity", "Eagle", "--entity", "Lone", "--start",
+                                      "150", "--end", "170"}))
+    << "Eagle has no points in the slice";
+}
+
+TEST_F(KelvorEditAgainstTheEditor, MakeStationaryConvertsWhatTheMakeStationaryTabDetects)
+{
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"make-stationary", in, "--detect-only", "--distance", "500", "--json"}))
+    << complaints;
+  const QJsonArray listed = QJsonDocument::fromJson(QByteArray::fromStdString(printed)).object()["stationary"].toArray();
+  ASSERT_EQ(2, listed.size()) << printed;
+  EXPECT_EQ(5, listed[0]["id"].toInt()) << "the Viper that moves 360 m";
+  EXPECT_EQ("Lone", listed[1]["name"].toString()) << "one point at a time stays within any distance";
+
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"make-stationary", in, out, "--distance", "500", "--keep-life-span"})) << complaints;
+  const std::string expected = editor([](EditSession& session) {
+    QtSep::MakeStationaryWidget tab;
+    tab.findChild<QCheckBox*>("distanceCheckBox")->setChecked(true);
+    tab.findChild<QSpinBox*>("distanceSpinBox")->setValue(500);
+    for (const char* name : {"yawCheckBox", "pitchCheckBox", "rollCheckBox"})
+      tab.findChild<QCheckBox*>(name)->setChecked(false);
+    tab.findChild<QCheckBox*>("lifeSpanCheckBox")->setChecked(true);
+    tab.findChild<QPushButton*>("detectPushButton")->click();
+    // The tab's list shows what Detect found once its rows are in.
+    const QList<unsigned long> found{5, static_cast<unsigned long>(session.store().findPlatform("Lone"))};
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+      tab.entityTreeComposite().setSelected(found);
+      return tab.entityTreeComposite().selectedItems().size() == found.size();
+    }, 10000));
+    auto* accept = tab.findChild<QPushButton*>("acceptPushButton");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return accept->isEnabled(); }, 10000));
+    accept->click();
+  });
+  EXPECT_EQ(expected, fileText(out));
+
+  EXPECT_EQ(KelvorEdit::USAGE, run({"make-stationary", in, out})) << "no delta would take every platform";
+  EXPECT_EQ(KelvorEdit::USAGE, run({"make-stationary", in, out, "--yaw", "181"}));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"make-stationary", in, out, "--distance", "5", "--json"}));
+}
+
+TEST_F(KelvorEditAgainstTheEditor, ShiftTimesMovesTheScenarioAsEditTimesDoes)
+{
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"shift-times", in, out, "--start", "2026-01-02T00:00:00Z", "--year", "2026"}))
+    << complaints;
+  EXPECT_EQ(editor([](EditSession&) { QtSep::AdjustScenarioTimes().execute(2026, 86400.0); }), fileText(out));
+  EXPECT_NE(std::string::npos, printed.find("reference year 2026, start 86400 s")) << printed;
+
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"shift-times", in, out, "--start", "500"})) << "seconds in the file's year";
+  EXPECT_EQ(editor([](EditSession&) { QtSep::AdjustScenarioTimes().execute(2025, 500.0); }), fileText(out));
+
+  EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out})) << "--start is needed";
+  EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out, "--start", "yesterday"}));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out, "--start", "2024-12-31T00:00:00Z"})) << "before 2025";
+  EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(out + ".saving")));
 }
 
 } // namespace
