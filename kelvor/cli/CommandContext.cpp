@@ -66,9 +66,9 @@ int CommandContext::start(std::size_t count, const std::string& names, bool whol
     return usage("takes " + names);
   std::int64_t year = 0;
   std::string error;
-  if (!args_.integer("--reference-year", year, 1, 9999, error))
+  if (readsReferenceYear_ && !args_.integer("--reference-year", year, 1, 9999, error))
     return usage(error);
-  if (args_.has("--reference-year") && !EditSession::isCsv(inFile()))
+  if (readsReferenceYear_ && args_.has("--reference-year") && !EditSession::isCsv(inFile()))
     return usage("--reference-year applies to CSV tracks; a scenario file holds its own");
   if (!open_(inFile()))
     return 1;
@@ -82,7 +82,8 @@ bool CommandContext::open_(const std::string& path)
 {
   std::int64_t year = 0;
   std::string ignored;
-  args_.integer("--reference-year", year, 1, 9999, ignored);
+  if (readsReferenceYear_)
+    args_.integer("--reference-year", year, 1, 9999, ignored);
   progress_.step("reading " + path);
   report_ = session_.open(path, static_cast<int>(year));
   progress_.clear();

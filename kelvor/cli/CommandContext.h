@@ -49,6 +49,8 @@ public:
    * @return 0 to go on; else the exit status, after saying why
    */
   int start(std::size_t count, const std::string& names, bool whole);
+  /// @param reads false for a command that gives --reference-year a meaning of its own
+  void setReadsReferenceYear(bool reads) { readsReferenceYear_ = reads; }
   /// @return the file read (IN or FILE).
   const std::string& inFile() const { return args_.files().at(0); }
   /// @return the file written (OUT).
@@ -96,6 +98,7 @@ private:
   ProgressLine& progress_;
   EditSession session_;
   ReadReport report_;
+  bool readsReferenceYear_ = true;
 };
 
 template <typename Write>

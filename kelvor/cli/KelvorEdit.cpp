@@ -2,6 +2,7 @@
 
 #include "cli/Commands.h"
 
+#include <algorithm>
 #include <exception>
 #include <new>
 
@@ -125,28 +126,32 @@ const std::vector<CommandEntry>& commandTable()
       {"--skip", true, true}, {"--json"}},
      commands::manualMerge},
     {"make-stationary",
-     "make-stationary IN OUT [--distance M] [--yaw DEG] [--pitch DEG] [--roll DEG] [--keep-life-span]\n"
+     "make-stationary IN OUT [--distance M] [--yaw DEG] [--pitch DEG] [--roll DEG] [--maintain-life-span]\n"
      "                [--entity NAME_OR_ID]...\n"
      "make-stationary FILE --detect-only [--distance M] [--yaw DEG] [--pitch DEG] [--roll DEG] [--json]",
-     "Finds the platforms that stay within every delta given over the scenario's span, as the Make Stationary\n"
-     "tab's Detect does, and converts them to one static point, as its Accept does.\n"
-     "  --distance M      ground distance from the first point, 0 to 10000 metres\n"
-     "  --yaw DEG         change of yaw from the first value, 0 to 180 degrees\n"
+     "Without --entity: the Make Stationary tab's Detect over the whole scenario, then its Accept of every\n"
+     "candidate. With --entity: the named platforms are converted, as the Make Stationary command does.\n"
+     "A platform becomes its first point, static, or with --maintain-life-span at its first and last times.\n"
+     "Each delta given turns its criterion on, as its check box does; with none every platform that is not\n"
+     "static is a candidate.\n"
+     "  --distance M          ground distance from the first point, 0 to 10000 metres\n"
+     "  --yaw DEG             change of yaw from the first value, 0 to 180 degrees\n"
      "  --pitch DEG, --roll DEG  change of pitch or roll, 0 to 90 degrees\n"
-     "  --keep-life-span  keep the first point at the first and the last time instead of one static point\n"
-     "  --detect-only     list the platforms found; nothing is written\n"
-     "  --json            with --detect-only, {\"stationary\": [{\"name\": NAME, \"id\": N}, ...]}\n"
-     "  --entity X        a platform by name or id; every platform when none is named\n",
-     {{"--distance", true}, {"--yaw", true}, {"--pitch", true}, {"--roll", true}, {"--keep-life-span"},
+     "  --maintain-life-span  keep the first point at the first and the last time\n"
+     "  --detect-only         list the candidates; nothing is written\n"
+     "  --json                with --detect-only, {\"candidates\": [{\"id\": N, \"name\": NAME}, ...]}\n"
+     "  --entity X            a platform by name or id\n",
+     {{"--distance", true}, {"--yaw", true}, {"--pitch", true}, {"--roll", true}, {"--maintain-life-span"},
       {"--detect-only"}, {"--json"}, ENTITIES},
      commands::makeStationary},
-    {"shift-times", "shift-times IN OUT --start TIME [--year Y]",
-     "Moves the whole scenario in time, as Edit Times... does: every time-stamped value shifts by the\n"
-     "distance from the scenario's begin to TIME; static values stay.\n"
-     "  --start TIME  the new begin, in any format the editor reads: \"2026-05-01T08:00:00Z\",\n"
-     "                \"121 2026 08:00:00\", \"May 1 2026 08:00:00\" or seconds since the reference year\n"
-     "  --year Y      the new reference year (1970 to 9999); the file's by default\n",
-     {{"--start", true}, {"--year", true}}, commands::shiftTimes},
+    {"shift-times", "shift-times IN OUT [--reference-year Y] [--start TIME]",
+     "Moves the whole scenario in time, as Edit Times... does: every time-stamped value of every entity\n"
+     "shifts by the distance from the scenario's begin to TIME; static values stay.\n"
+     "  --reference-year Y  the new reference year (1970 to 9999); alone, it relabels the year and every\n"
+     "                      value keeps its seconds\n"
+     "  --start TIME        the new begin, taken in the new reference year, in any format the editor reads:\n"
+     "                      \"2026-05-01T08:00:00Z\", \"121 2026 08:00:00\", \"May 1 2026 08:00:00\" or seconds\n",
+     {{"--start", true}, REFERENCE_YEAR}, commands::shiftTimes},
     {"dropouts", "dropouts FILE --entity NAME_OR_ID --gap S [--start T] [--end T] [--json]",
      "The stretches of more than S seconds without points of one platform, one a line: START END, in seconds\n"
      "since the reference year.\n"
@@ -167,13 +172,21 @@ const CommandEntry* find(const std::string& name)
   return nullptr;
 }
 
+/// @return true when the command gives --reference-year a meaning of its own.
+bool ownsReferenceYear(const CommandEntry& entry)
+{
+  return std::any_of(entry.options.begin(), entry.options.end(),
+                     [](const OptionSpec& option) { return option.name == REFERENCE_YEAR.name; });
+}
+
 void commandHelp(const CommandEntry& entry, std::ostream& out)
 {
   out << "Usage: kelvor-edit " << entry.synopsis << "\n\n" << entry.help;
-  out << "\nIN and FILE may be a scenario (.kls) or a CSV track (.csv); OUT may be IN.\n"
-         "  --reference-year Y  for a CSV track: the year its times count from (by default the year of its\n"
-         "                      first time when the times are dates or Unix seconds)\n"
-         "Exit status: 0 success, 1 failure (nothing written), 2 bad usage (nothing written).\n";
+  out << "\nIN and FILE may be a scenario (.kls) or a CSV track (.csv); OUT may be IN.\n";
+  if (!ownsReferenceYear(entry))
+    out << "  --reference-year Y  for a CSV track: the year its times count from (by default the year of its\n"
+           "                      first time when the times are dates or Unix seconds)\n";
+  out << "Exit status: 0 success, 1 failure (nothing written), 2 bad usage (nothing written).\n";
 }
 
 /// Runs one command, with every exception it lets escape turned into a failure.
@@ -182,7 +195,8 @@ int runCommand(const CommandEntry& entry, const std::vector<std::string>& words,
 {
   ProgressLine line(err, progress);
   std::vector<OptionSpec> options = entry.options;
-  options.push_back(REFERENCE_YEAR);
+  if (!ownsReferenceYear(entry))
+    options.push_back(REFERENCE_YEAR);
   CommandArguments arguments;
   std::string error;
   if (!arguments.parse(words, options, error))
@@ -193,6 +207,8 @@ int runCommand(const CommandEntry& entry, const std::vector<std::string>& words,
   try
   {
     CommandContext context(entry.name, arguments, out, err, line);
+    if (ownsReferenceYear(entry))
+      context.setReadsReferenceYear(false);
     return entry.run(context);
   }
   catch (const std::bad_alloc&)

@@ -9,6 +9,7 @@
 #include "kelCore/TimeFormatterRegistry.h"
 #include "processing/AdjustScenarioTimes.h"
 #include "processing/MakeStationary.h"
+#include "plugin/Action.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -35,22 +36,17 @@ const Criterion CRITERIA[] = {{"--distance", 10000, &QtSep::MakeStationary::setD
 /// The deltas given, one per criterion: whether it is on, and its value.
 using Deltas = std::vector<std::pair<bool, int>>;
 
-/// Reads the deltas. @return false, with error set, for a bad value or none given
+/// Reads the deltas; with none given no criterion is on. @return false, with error set, for a bad value
 bool readDeltas(const CommandArguments& args, Deltas& deltas, std::string& error)
 {
-  bool any = false;
   for (const Criterion& c : CRITERIA)
   {
     std::int64_t value = 0;
     if (!args.integer(c.option, value, 0, c.most, error))
       return false;
     deltas.emplace_back(args.has(c.option), static_cast<int>(value));
-    any = any || args.has(c.option);
   }
-  // With no delta every platform with points would qualify: the command asks for one.
-  if (!any)
-    error = "give at least one delta: --distance M, --yaw DEG, --pitch DEG or --roll DEG";
-  return error.empty();
+  return true;
 }
 
 } // namespace
@@ -65,8 +61,8 @@ int makeStationary(CommandContext& context)
   const bool detectOnly = args.has("--detect-only");
   if (!detectOnly && args.has("--json"))
     return context.usage("--json goes with --detect-only");
-  if (detectOnly && args.has("--keep-life-span"))
-    return context.usage("--keep-life-span applies when platforms are converted, not with --detect-only");
+  if (detectOnly && args.has("--maintain-life-span"))
+    return context.usage("--maintain-life-span applies when platforms are converted, not with --detect-only");
   if (const int status = detectOnly ? context.start(1, "one FILE with --detect-only", false)
                                     : context.start(2, "IN and OUT", true))
     return status;
@@ -77,37 +73,42 @@ int makeStationary(CommandContext& context)
   QtSep::MakeStationary stationary;
   for (std::size_t k = 0; k < deltas.size(); ++k)
     (stationary.*CRITERIA[k].set)(deltas[k].first, deltas[k].second);
-  std::vector<UniqueID_t> found;
+  // Named platforms are converted as the command converts them; otherwise the tab's candidates.
+  const bool named = args.has("--entity");
+  std::vector<UniqueID_t> chosen;
   context.progress().step("detecting stationary platforms");
   for (UniqueID_t id : ids)
-    if (stationary.isStationary(id))
-      found.push_back(id);
+    if ((named && !detectOnly) || stationary.isStationary(id))
+      chosen.push_back(id);
   context.progress().clear();
 
   if (detectOnly)
   {
     if (args.has("--json"))
     {
-      QJsonArray platforms;
-      for (UniqueID_t id : found)
-        platforms.append(context.entityJson(id));
-      context.printJson(QJsonObject{{"stationary", platforms}});
+      QJsonArray candidates;
+      for (UniqueID_t id : chosen)
+        candidates.append(context.entityJson(id));
+      context.printJson(QJsonObject{{"candidates", candidates}});
     }
     else
-      for (UniqueID_t id : found)
+      for (UniqueID_t id : chosen)
         context.out() << context.label(id) << '\n';
     return 0;
   }
-  const bool keepLifeSpan = args.has("--keep-life-span");
-  for (UniqueID_t id : found)
+  const bool maintainLifeSpan = args.has("--maintain-life-span");
+  for (UniqueID_t id : chosen)
   {
-    stationary.execute(id, keepLifeSpan);
+    if (stationary.execute(id, maintainLifeSpan) != 0)
+      return context.fail(context.label(id) + " has no point to keep; nothing written");
+    if (named)
+      QtSep::Action::addAudit(id, "Made stationary");
     context.out() << "made stationary: " << context.label(id) << '\n';
   }
   context.relayNotifications();
   if (!context.writeScenario(context.outFile()))
     return 1;
-  context.out() << "wrote " << context.outFile() << ": " << found.size() << " of " << ids.size()
+  context.out() << "wrote " << context.outFile() << ": " << chosen.size() << " of " << ids.size()
                 << (ids.size() == 1 ? " platform" : " platforms") << " made stationary\n";
   return 0;
 }
@@ -115,22 +116,27 @@ int makeStationary(CommandContext& context)
 int shiftTimes(CommandContext& context)
 {
   const CommandArguments& args = context.args();
-  if (!args.has("--start"))
-    return context.usage("--start is needed: the new start of the scenario, as a time in any of the editor's formats");
+  if (!args.has("--start") && !args.has("--reference-year"))
+    return context.usage("give --start, --reference-year or both: the scenario would not move");
   std::int64_t year = 0;
   std::string error;
-  if (!args.integer("--year", year, 1970, 9999, error))
+  if (!args.integer("--reference-year", year, 1970, 9999, error))
     return context.usage(error);
   if (const int status = context.start(2, "IN and OUT", true))
     return status;
-  const int newYear = args.has("--year") ? static_cast<int>(year) : PIData::getReferenceYear();
-  kelCore::TimeStamp stamp;
-  if (kelCore::TimeFormatterRegistry().fromString(args.value("--start"), stamp, newYear) != 0)
-    return context.usage("--start '" + args.value("--start") + "' is no time the editor reads");
-  const double startSeconds = static_cast<double>(stamp.secondsSinceRefYear(newYear));
-  if (startSeconds < 0.0)
-    return context.usage("--start lies before " + std::to_string(newYear) + " began");
+  const int newYear = args.has("--reference-year") ? static_cast<int>(year) : PIData::getReferenceYear();
   const double oldBegin = PIData::clockGetBegin();
+  // The year alone relabels: every value keeps its seconds, as the dialog does.
+  double startSeconds = oldBegin;
+  if (args.has("--start"))
+  {
+    kelCore::TimeStamp stamp;
+    if (kelCore::TimeFormatterRegistry().fromString(args.value("--start"), stamp, newYear) != 0)
+      return context.usage("--start '" + args.value("--start") + "' is no time the editor reads");
+    startSeconds = static_cast<double>(stamp.secondsSinceRefYear(newYear));
+    if (startSeconds < 0.0)
+      return context.usage("--start lies before " + std::to_string(newYear) + " began");
+  }
   context.progress().step("moving the scenario's times");
   const std::vector<std::uint64_t> moved = QtSep::AdjustScenarioTimes().execute(newYear, startSeconds);
   context.progress().clear();

@@ -16,6 +16,8 @@
 #include "merge/ManualMergeWidget.h"
 #include "actions/MakeStationaryWidget.h"
 #include "processing/AdjustScenarioTimes.h"
+#include "processing/MakeStationary.h"
+#include "plugin/Action.h"
 #include "utils/EntityTreeModel.h"
 #include "widgets/EntityTreeComposite.h"
 #include "plugin/ActionUtilities.h"
@@ -431,12 +433,13 @@ TEST_F(KelvorEditAgainstTheEditor, MakeStationaryConvertsWhatTheMakeStationaryTa
 {
   ASSERT_EQ(KelvorEdit::SUCCESS, run({"make-stationary", in, "--detect-only", "--distance", "500", "--json"}))
     << complaints;
-  const QJsonArray listed = QJsonDocument::fromJson(QByteArray::fromStdString(printed)).object()["stationary"].toArray();
+  const QJsonArray listed = QJsonDocument::fromJson(QByteArray::fromStdString(printed)).object()["candidates"].toArray();
   ASSERT_EQ(2, listed.size()) << printed;
   EXPECT_EQ(5, listed[0]["id"].toInt()) << "the Viper that moves 360 m";
   EXPECT_EQ("Lone", listed[1]["name"].toString()) << "one point at a time stays within any distance";
 
-  ASSERT_EQ(KelvorEdit::SUCCESS, run({"make-stationary", in, out, "--distance", "500", "--keep-life-span"})) << complaints;
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"make-stationary", in, out, "--distance", "500", "--maintain-life-span"}))
+    << complaints;
   const std::string expected = editor([](EditSession& session) {
     QtSep::MakeStationaryWidget tab;
     tab.findChild<QCheckBox*>("distanceCheckBox")->setChecked(true);
@@ -457,14 +460,27 @@ TEST_F(KelvorEditAgainstTheEditor, MakeStationaryConvertsWhatTheMakeStationaryTa
   });
   EXPECT_EQ(expected, fileText(out));
 
-  EXPECT_EQ(KelvorEdit::USAGE, run({"make-stationary", in, out})) << "no delta would take every platform";
+  // Without a delta every platform that is not static is a candidate, as the tab says.
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"make-stationary", in, "--detect-only"})) << complaints;
+  EXPECT_EQ("Eagle (id 1)\nViper (id 2)\nViper (id 2)\nViper (id 5)\nLone (id 6)\n", printed);
+
+  // Named platforms are converted as the command converts them, with its audit line.
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"make-stationary", in, out, "--entity", "Eagle"})) << complaints;
+  EXPECT_EQ(editor([](EditSession&) {
+              QtSep::MakeStationary().execute(1, false);
+              QtSep::Action::addAudit(1, "Made stationary");
+            }),
+            fileText(out));
+
   EXPECT_EQ(KelvorEdit::USAGE, run({"make-stationary", in, out, "--yaw", "181"}));
   EXPECT_EQ(KelvorEdit::USAGE, run({"make-stationary", in, out, "--distance", "5", "--json"}));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"make-stationary", in, "--detect-only", "--maintain-life-span"}));
 }
 
 TEST_F(KelvorEditAgainstTheEditor, ShiftTimesMovesTheScenarioAsEditTimesDoes)
 {
-  ASSERT_EQ(KelvorEdit::SUCCESS, run({"shift-times", in, out, "--start", "2026-01-02T00:00:00Z", "--year", "2026"}))
+  ASSERT_EQ(KelvorEdit::SUCCESS,
+            run({"shift-times", in, out, "--start", "2026-01-02T00:00:00Z", "--reference-year", "2026"}))
     << complaints;
   EXPECT_EQ(editor([](EditSession&) { QtSep::AdjustScenarioTimes().execute(2026, 86400.0); }), fileText(out));
   EXPECT_NE(std::string::npos, printed.find("reference year 2026, start 86400 s")) << printed;
@@ -472,7 +488,13 @@ TEST_F(KelvorEditAgainstTheEditor, ShiftTimesMovesTheScenarioAsEditTimesDoes)
   ASSERT_EQ(KelvorEdit::SUCCESS, run({"shift-times", in, out, "--start", "500"})) << "seconds in the file's year";
   EXPECT_EQ(editor([](EditSession&) { QtSep::AdjustScenarioTimes().execute(2025, 500.0); }), fileText(out));
 
-  EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out})) << "--start is needed";
+  // The year alone relabels the scenario: every value keeps its seconds.
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"shift-times", in, out, "--reference-year", "2024"})) << complaints;
+  EXPECT_EQ(editor([](EditSession&) { QtSep::AdjustScenarioTimes().execute(2024, PIData::clockGetBegin()); }),
+            fileText(out));
+  EXPECT_NE(std::string::npos, fileText(out).find("point 1 100 ")) << "Eagle still starts at 100 s";
+
+  EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out})) << "nothing to move by";
   EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out, "--start", "yesterday"}));
   EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out, "--start", "2024-12-31T00:00:00Z"})) << "before 2025";
   EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(out + ".saving")));
