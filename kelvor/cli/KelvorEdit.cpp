@@ -121,7 +121,7 @@ const std::vector<CommandEntry>& commandTable()
      "  --start T, --end T       the time slice, seconds since the reference year; the scenario's span by default\n"
      "  --include-no-original-id also fill from platforms whose original id is 0\n"
      "  --skip K                 leave out stretch K of the list, counted from 1\n"
-     "  --json                   the merged platform and the stretches as one JSON object\n",
+     "  --json                   the stretches as {\"dropouts\": [{\"start\": T, \"end\": T, \"fill\": NAME or N/A}, ...]}\n",
      {ENTITIES, {"--gap", true}, {"--start", true}, {"--end", true}, {"--include-no-original-id"},
       {"--skip", true, true}, {"--json"}},
      commands::manualMerge},

@@ -170,16 +170,12 @@ int manualMerge(CommandContext& context)
     return 1;
   if (args.has("--json"))
   {
+    // The stretches as the tab lists them; "fill" names the platform filling one, N/A for none.
     QJsonArray list;
-    for (std::size_t k = 0; k < stretches.size(); ++k)
-    {
-      const QtSep::DropOut& d = stretches[k];
-      list.append(QJsonObject{{"start", d.startTime}, {"end", d.endTime}, {"gapStart", d.gapStart},
-                              {"gapDuration", d.gapDuration},
-                              {"source", d.sourceId ? QJsonValue(context.entityJson(d.sourceId)) : QJsonValue()},
-                              {"points", d.numberOfPoints}, {"used", static_cast<bool>(used[k])}});
-    }
-    context.printJson(QJsonObject{{"merged", context.entityJson(merged)}, {"stretches", list}});
+    for (const QtSep::DropOut& d : stretches)
+      list.append(QJsonObject{{"start", d.startTime}, {"end", d.endTime},
+                              {"fill", QString::fromStdString(d.sourceName)}});
+    context.printJson(QJsonObject{{"dropouts", list}});
     return 0;
   }
   for (std::size_t k = 0; k < stretches.size(); ++k)

@@ -117,6 +117,9 @@ ManualMergeWidget::ManualMergeWidget(kelQt::EntityTreeComposite& entityTree, QWi
 ManualMergeWidget::~ManualMergeWidget()
 {
   removePreview_();
+  // With the editor going, no removal event reaches this tab: the clean-up runs here.
+  if (previewId_ != 0)
+    previewRemovalCleanup_();
 }
 
 void ManualMergeWidget::buildUi_()
@@ -612,8 +615,23 @@ void ManualMergeWidget::setScenarioTimeAndView_(QTreeWidgetItem* item, int colum
     PIKELVOR::tetherCamera(PIKELVOR::getCurrentViewport(), id);
 }
 
+void ManualMergeWidget::forgetScenario_()
+{
+  // The store dropped every entity and display rule itself; none of them may be touched.
+  previewId_ = 0;
+  hiddenId_ = 0;
+  ruleIds_.clear();
+  previewPushButton_->setChecked(false);
+  clearAll();
+}
+
 void ManualMergeWidget::listenToEvents(PIApplicationEvents_t event, void* data)
 {
+  if (event == PI_EVENT_SCENARIO_RESET)
+  {
+    forgetScenario_();
+    return;
+  }
   if (event != PI_EVENT_ENTITY_REMOVED || !data)
     return;
   const auto removed = static_cast<UniqueID_t>(*static_cast<const std::uint64_t*>(data));

@@ -44,7 +44,10 @@ public:
   ~ManualMergeWidget() override;
 
   void setTabActive(bool) override {}
-  /// Follows removed entities: a listed platform leaves the list, a removed preview is cleaned up.
+  /**
+   * Follows removed entities (a listed platform leaves the list, a removed preview is cleaned
+   * up) and empties the tab when the scenario is replaced.
+   */
   void listenToEvents(PIApplicationEvents_t event, void* data) override;
   int handleMouseEvent(PIGUI::PIMouseEventType_t, const PIGUI::PIMouseEvent&) override { return 0; }
   /// Shows the time slice in the units now chosen.
@@ -113,6 +116,8 @@ private:
   void removeRules_();
   void removePreview_();
   void previewRemovalCleanup_();
+  /// Empties the tab after the host replaced the scenario, touching nothing of the host's.
+  void forgetScenario_();
 
   kelQt::EntityTreeComposite& entityTree_;
   UniqueID_t primaryId_ = 0;

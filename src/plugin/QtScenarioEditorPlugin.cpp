@@ -142,8 +142,10 @@ void QtScenarioEditorPlugin::listenToEvents(PIApplicationEvents_t event, void* d
 
 void QtScenarioEditorPlugin::deleteDialog_()
 {
-  delete mainDialog_;
+  // Forgotten first: what its tabs undo while they go raises events no dialog may receive.
+  MainDialog* dialog = mainDialog_;
   mainDialog_ = nullptr;
+  delete dialog;
 }
 
 int QtScenarioEditorPlugin::handleMouseEvent(PIGUI::PIMouseEventType_t type, const PIGUI::PIMouseEvent& event)

@@ -411,12 +411,19 @@ TEST_F(KelvorEditAgainstTheEditor, ManualMergeBuildsThePlatformTheManualMergeTab
   // Leaving Lone's stretch out leaves Eagle's hole open in the new platform.
   ASSERT_EQ(KelvorEdit::SUCCESS, run({"manual-merge", in, out, "--entity", "Eagle", "--entity", "Lone", "--gap", "10",
                                       "--skip", "2", "--json"}));
-  const QJsonObject report = QJsonDocument::fromJson(QByteArray::fromStdString(printed)).object();
-  EXPECT_EQ("Eagle_Merge", report["merged"]["name"].toString());
-  ASSERT_EQ(3, report["stretches"].toArray().size()) << printed;
-  EXPECT_FALSE(report["stretches"][1]["used"].toBool());
-  EXPECT_EQ(6, report["stretches"][1]["source"]["id"].toInt());
-  EXPECT_TRUE(report["stretches"][0]["source"].isNull()) << "nothing before Eagle but the Vipers, not listed";
+  const QJsonArray listed = QJsonDocument::fromJson(QByteArray::fromStdString(printed)).object()["dropouts"].toArray();
+  ASSERT_EQ(3, listed.size()) << printed;
+  EXPECT_EQ("Lone", listed[1]["fill"].toString());
+  EXPECT_EQ(150.0, listed[1]["start"].toDouble());
+  EXPECT_EQ("N/A", listed[0]["fill"].toString()) << "before Eagle only the Vipers, not listed";
+  EXPECT_EQ(300.0, listed[2]["end"].toDouble());
+  {
+    EditSession written;
+    ASSERT_TRUE(written.open(out).ok());
+    const Entity* merged = written.store().entity(written.store().findPlatform("Eagle_Merge"));
+    ASSERT_NE(nullptr, merged);
+    EXPECT_EQ(60u, merged->platformPoints.size()) << "Eagle's own points, Lone's left out";
+  }
 
   EXPECT_EQ(KelvorEdit::USAGE, run({"manual-merge", in, out, "--entity", "Eagle"})) << "one platform fills nothing";
   EXPECT_EQ(KelvorEdit::USAGE, run({"manual-merge", in, out, "--entity", "Eagle", "--entity", "Lone", "--gap", "121"}));

@@ -332,6 +332,39 @@ TEST_F(ManualMergeTab, ThePrimaryRemovedDuringAPreviewTakesThePreviewWithIt)
   EXPECT_TRUE(enabled("detectPushButton"));
 }
 
+TEST_F(ManualMergeTab, ThePreviewGoesWithTheTabAndTheTabForgetsAReplacedScenario)
+{
+  list({primary, second});
+  click("detectPushButton");
+  click("previewPushButton");
+  const UniqueID_t preview = tab->previewId();
+  ASSERT_NE(0u, preview);
+  tab.reset(); // as the editor closes: no removal event reaches the tab
+  EXPECT_EQ(nullptr, store.entity(preview));
+  EXPECT_TRUE(sessionRules().empty());
+  EXPECT_FALSE(store.drawFlag(primary, "Hidden"));
+
+  tab = std::make_unique<ManualMergeWidget>(composite);
+  list({primary, second});
+  click("detectPushButton");
+  click("previewPushButton");
+  const UniqueID_t stale = tab->previewId();
+  ASSERT_NE(0u, stale);
+  PIData::initializeScenario();
+  tab->listenToEvents(PI_EVENT_SCENARIO_RESET, nullptr);
+  EXPECT_EQ(0u, tab->previewId());
+  EXPECT_TRUE(tab->platformIds().empty());
+  EXPECT_EQ(0, dropoutRows().topLevelItemCount());
+  EXPECT_FALSE(child<QPushButton>("previewPushButton")->isChecked());
+  // The store counts ids from 1 again: one of the new platforms has the old preview's id.
+  UniqueID_t next = 0;
+  while (next < stale)
+    next = platform("Next", 1, {0, 1});
+  ASSERT_EQ(stale, next);
+  tab.reset();
+  EXPECT_NE(nullptr, store.entity(next)) << "an id used again is not the tab's to remove";
+}
+
 TEST_F(ManualMergeTab, MergeMakesANewPlatformOfTheTickedStretchesAndLeavesTheSourcesAlone)
 {
   list({primary, second, third});
