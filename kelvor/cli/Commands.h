@@ -23,6 +23,9 @@ int filterSpeed(CommandContext& context);
 int derive(CommandContext& context);
 int exportGog(CommandContext& context);
 
+// The platform transform: TransformCommand.cpp
+int transform(CommandContext& context);
+
 // Merges: MergeCommands.cpp
 int merge(CommandContext& context);
 int autoMerge(CommandContext& context);

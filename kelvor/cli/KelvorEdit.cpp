@@ -102,6 +102,21 @@ const std::vector<CommandEntry>& commandTable()
      {{"--plot", true}, {"--line-style", true}, {"--line-width", true}, {"--color", true}, {"--x-offset", true},
       {"--track-color"}, {"--no-depth-buffer"}, ENTITIES},
      commands::exportGog},
+    {"transform",
+     "transform IN OUT [--system NED|NWU|ENU|LLA|ECEF|ECI|XEAST|GTP] [--time M,A] [--x M,A] [--y M,A] [--z M,A]\n"
+     "          [--yaw M,A] [--pitch M,A] [--roll M,A] [--vx M,A] [--vy M,A] [--vz M,A] [--entity NAME_OR_ID]...",
+     "Maps chosen components of the platforms' points to value x M + A, as Transform Platform... does, in the\n"
+     "coordinate system given (LLA by default). Each option turns on its row of the dialog; the others stay as\n"
+     "they are. A, as in the dialog, is in degrees for latitude, longitude and angles, in metres for positions,\n"
+     "in metres a second for velocities and in seconds for the time. A change of the time takes the platform's\n"
+     "children with it; a platform whose times would fall before the reference year is left as it was.\n"
+     "  --system S   the coordinate system of --x, --y, --z and the velocities\n"
+     "  --time M,A   the time axis             --x, --y, --z M,A     the position (latitude, longitude, altitude in LLA)\n"
+     "  --yaw, --pitch, --roll M,A  the angles  --vx, --vy, --vz M,A  the velocity\n"
+     "  --entity X   a platform by name or id; every platform when none is named\n",
+     {{"--system", true}, {"--time", true}, {"--x", true}, {"--y", true}, {"--z", true}, {"--yaw", true},
+      {"--pitch", true}, {"--roll", true}, {"--vx", true}, {"--vy", true}, {"--vz", true}, ENTITIES},
+     commands::transform},
     {"merge", "merge IN OUT --entity A --entity B [--entity C]...",
      "Merges the platforms B, C... into A, as Merge does, and removes them; A keeps its id and name.\n"
      "A name that several platforms share stands for all of them, in id order.\n",

@@ -15,6 +15,7 @@
 #include "merge/CommonMerge.h"
 #include "merge/ManualMergeWidget.h"
 #include "actions/MakeStationaryWidget.h"
+#include "actions/TransformPlatformAction.h"
 #include "processing/AdjustScenarioTimes.h"
 #include "processing/MakeStationary.h"
 #include "plugin/Action.h"
@@ -504,6 +505,34 @@ TEST_F(KelvorEditAgainstTheEditor, ShiftTimesMovesTheScenarioAsEditTimesDoes)
   EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out})) << "nothing to move by";
   EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out, "--start", "yesterday"}));
   EXPECT_EQ(KelvorEdit::USAGE, run({"shift-times", in, out, "--start", "2024-12-31T00:00:00Z"})) << "before 2025";
+  EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(out + ".saving")));
+}
+
+TEST_F(KelvorEditAgainstTheEditor, TransformMapsTheRowsAsTransformPlatformDoes)
+{
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"transform", in, out, "--system", "ECEF", "--x", "1,250", "--time", "2,10",
+                                      "--entity", "Eagle"}))
+    << complaints;
+  EXPECT_EQ(editor([](EditSession&) {
+              QtSep::TransformPlatformAction::Coefficients rows;
+              rows[QtSep::TransformPlatformDialog::X] = {true, 1.0, 250.0};
+              rows[QtSep::TransformPlatformDialog::TIME] = {true, 2.0, 10.0};
+              QtSep::TransformPlatformAction::transform({{1, PI_PLATFORM_TYPE, "Eagle"}}, rows,
+                                                        kelCore::CoordinateSystem::ECEF);
+            }),
+            fileText(out));
+  EXPECT_NE(std::string::npos, fileText(out).find("beam-point 10 210 ")) << "the beam follows Eagle's time";
+
+  // Altitude in LLA, every platform; a time that would fall before the year leaves a platform alone.
+  ASSERT_EQ(KelvorEdit::SUCCESS, run({"transform", in, out, "--z", "1,100", "--time", "1,-60"})) << complaints;
+  EXPECT_NE(std::string::npos, complaints.find("Viper (id 2) left as it was")) << complaints;
+  EXPECT_NE(std::string::npos, fileText(out).find("point 1 40 ")) << "Eagle moved a minute earlier";
+
+  EXPECT_EQ(KelvorEdit::USAGE, run({"transform", in, out})) << "no row";
+  EXPECT_EQ(KelvorEdit::USAGE, run({"transform", in, out, "--x", "1"}));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"transform", in, out, "--x", "1,nan"}));
+  EXPECT_EQ(KelvorEdit::USAGE, run({"transform", in, out, "--system", "UTM", "--x", "1,0"}));
+  EXPECT_EQ(KelvorEdit::FAILURE, run({"transform", in, out, "--time", "1,-1000", "--entity", "Eagle"}));
   EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(out + ".saving")));
 }
 
