@@ -54,9 +54,14 @@ std::vector<ChildKind> childKindsOf(PIScenarioObjectType_t hostType)
 } // namespace
 
 EntityTreeModel::EntityTreeModel(QObject* parent)
-  : kelQt::AbstractEntityTreeModel(parent), rootItem_(std::make_unique<QtEntityTreeItem>(0, PI_NONE_TYPE, nullptr))
+  : kelQt::AbstractEntityTreeModel(parent),
+    rootItem_(std::make_unique<QtEntityTreeItem>(0, PI_NONE_TYPE, nullptr)),
+    batchTimer_(new QTimer(this))
 {
   initEntityTreeResources();
+  batchTimer_->setSingleShot(true);
+  batchTimer_->setInterval(BATCH_MILLISECONDS);
+  connect(batchTimer_, &QTimer::timeout, this, &EntityTreeModel::commitDelayedEntities_);
   const QString folder = ":/QtEntityTreeModel/images/";
   icons_[PI_PLATFORM_TYPE] = QIcon(folder + "platform.png");
   icons_[PI_BEAM_TYPE] = QIcon(folder + "beam.png");
@@ -220,7 +225,7 @@ void EntityTreeModel::listenToEvents(int event, const void* data)
 void EntityTreeModel::addEntity_(UniqueID_t id)
 {
   if (waitingIds_.empty())
-    QTimer::singleShot(BATCH_MILLISECONDS, this, [this] { commitDelayedEntities_(); });
+    batchTimer_->start();
   waitingIds_.push_back(id);
 }
 

@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+class QTimer;
+
 namespace PluginUtils
 {
 
@@ -103,6 +105,9 @@ private:
   std::unique_ptr<QtEntityTreeItem> rootItem_;
   std::map<UniqueID_t, QtEntityTreeItem*> itemsById_;
   std::vector<UniqueID_t> waitingIds_;
+  /// Commits the waiting ids. A child timer, not a single shot: a single shot's pending call
+  /// would outlive the model, and the plug-in's code with it, once the host unloads the plug-in.
+  QTimer* batchTimer_;
   bool treeView_ = true;
   QVariant icon_(PIScenarioObjectType_t type) const;
 

@@ -463,3 +463,69 @@ TEST_F(ScenarioEditorEndToEnd, EditTimesMovesTheDemoByADayAndTheClockBarFollows)
   EXPECT_EQ(tankerPoints, trackPoints()) << "nothing lost";
   EXPECT_TRUE(QTest::qWaitFor([&] { return begin->text() != beginBefore; }, 10000)) << "the clock bar shows the new span";
 }
+
+TEST_F(ScenarioEditorEndToEnd, ManualMergeOfTheThreeVipersPreviewedOnTheGlobeThenMerged)
+{
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  QTreeWidget* browser = host->window().dataBrowser()->tree();
+  const QList<QTreeWidgetItem*> vipers = browser->findItems("Viper 2", Qt::MatchExactly | Qt::MatchRecursive);
+  ASSERT_EQ(3, vipers.size()) << "one object recorded as three platforms";
+  browser->clearSelection();
+  for (QTreeWidgetItem* item : vipers)
+    item->setSelected(true);
+  QStringList offered;
+  {
+    WhenShown<QMenu> menu([&offered](QMenu& shown) { offered = chooseFrom(shown, "Manual Merge..."); });
+    emit browser->customContextMenuRequested(browser->visualItemRect(vipers.front()).center());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu.acted(); }, 60000));
+  }
+  ASSERT_TRUE(offered.contains("Manual Merge...")) << offered.join("|").toStdString();
+
+  auto* tabs = editor->findChild<QTabWidget*>();
+  ASSERT_NE(nullptr, tabs);
+  EXPECT_EQ("Manual Merge", tabs->tabText(tabs->currentIndex()));
+  QWidget* merge = tabs->currentWidget();
+  auto* ordered = merge->findChild<QTreeWidget*>("orderedTreeWidget");
+  ASSERT_NE(nullptr, ordered);
+  ASSERT_EQ(3, ordered->topLevelItemCount()) << "the three Vipers are listed at once";
+
+  merge->findChild<QPushButton*>("detectPushButton")->click();
+  auto* dropouts = merge->findChild<QTreeWidget*>("dropoutTreeWidget");
+  ASSERT_EQ(2, dropouts->topLevelItemCount()) << "the second and third Viper fill the first's hole";
+
+  // The globe over the Vipers' tracks, before and during the preview.
+  const UniqueID_t primary = ordered->topLevelItem(0)->data(0, Qt::UserRole).toULongLong();
+  const kelvor::Entity& first = *host->store().entity(primary);
+  GlobeWidget* globe = host->window().globe();
+  globe->marble()->centerOn(first.platformPoints.front().lon * 180 / M_PI, first.platformPoints.front().lat * 180 / M_PI);
+  globe->marble()->setDistance(120.0); // km above the ground: the tracks fill the view
+  QCoreApplication::processEvents();
+  const QImage before = globe->marble()->grab().toImage();
+  auto* preview = merge->findChild<QPushButton*>("previewPushButton");
+  preview->click();
+  ASSERT_TRUE(preview->isChecked());
+  const UniqueID_t temporary = host->store().findPlatform("Viper 2_ScenarioEditor_Temp");
+  ASSERT_NE(0u, temporary);
+  EXPECT_TRUE(host->store().drawFlag(primary, "Hidden")) << "the first Viper gives way to the preview";
+  EXPECT_EQ(3u, host->store().preferenceRules().size());
+  EXPECT_EQ(93u, host->store().entity(temporary)->pointCount()) << "31 points of each Viper";
+  QImage during;
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    during = globe->marble()->grab().toImage();
+    return during != before;
+  }, 10000)) << "the preview shows on the globe";
+  EXPECT_TRUE(during.save(QString(TEST_OUTPUT_DIR) + "/manual-merge-preview.png"));
+
+  merge->findChild<QPushButton*>("mergePushButton")->click();
+  EXPECT_EQ(nullptr, host->store().entity(temporary)) << "the preview went before the merge";
+  EXPECT_TRUE(host->store().preferenceRules().empty());
+  EXPECT_FALSE(host->store().drawFlag(primary, "Hidden"));
+  const UniqueID_t merged = host->store().findPlatform("Viper 2_Merge");
+  ASSERT_NE(0u, merged);
+  EXPECT_EQ(93u, host->store().entity(merged)->pointCount()) << "the first Viper's track with the others' fill";
+  EXPECT_EQ(31u, host->store().entity(primary)->pointCount()) << "the sources stay";
+  EXPECT_EQ(0, ordered->topLevelItemCount());
+  const auto listed = [browser] { return !browser->findItems("Viper 2_Merge", Qt::MatchExactly | Qt::MatchRecursive).isEmpty(); };
+  EXPECT_TRUE(QTest::qWaitFor(listed, 10000)) << "the Data Browser lists the new platform";
+}
