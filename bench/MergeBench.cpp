@@ -6,6 +6,8 @@
 #include "host/PIData.h"
 #include "merge/AutoMerge.h"
 #include "merge/CommonMerge.h"
+#include "merge/ManualMerge.h"
+#include "merge/ManualMergeWidget.h"
 
 #include <benchmark/benchmark.h>
 
@@ -93,6 +95,45 @@ void BM_AutoMergeHundredPieces(benchmark::State& state)
   state.counters["points_merged"] = static_cast<double>(merged);
 }
 BENCHMARK(BM_AutoMergeHundredPieces)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// Manual Merge's Detect then Merge over three million-point tracks: the primary has a thousand
+// dropouts of 30 s, the second covers every other hole and the third the rest; a new platform
+// is made and the sources are kept.
+void BM_ManualMergeThreeMillion(benchmark::State& state)
+{
+  std::vector<PIData::PIPlatformPoint> primary = track(MILLION + 30000, 0.0, 1.0);
+  // Every thousand-and-thirtieth second starts a hole of thirty points.
+  std::vector<PIData::PIPlatformPoint> holed;
+  holed.reserve(MILLION);
+  for (const PIData::PIPlatformPoint& p : primary)
+    if (static_cast<std::size_t>(p.time) % 1030 < 1000)
+      holed.push_back(p);
+  const auto second = track(MILLION, 0.25, 1.03);
+  const auto third = track(MILLION, 0.5, 1.03);
+  std::size_t stretches = 0, merged = 0;
+  for (auto _ : state)
+  {
+    state.PauseTiming();
+    BenchHost host;
+    PIData::initializeScenario();
+    const std::vector<UniqueID_t> ids = {platformOf(holed, "Eagle", 1), platformOf(second, "Eagle", 2),
+                                         platformOf(third, "Eagle", 3)};
+    PIData::clockSetBegin(0.0);
+    PIData::clockSetEnd(holed.back().time);
+    state.ResumeTiming();
+    std::vector<QtSep::DropOut> found;
+    QtSep::ManualMerge::detect(ids, 0.0, holed.back().time, 15.0, QtSep::ManualMergeWidget::DEFAULT_COLORS, found);
+    const UniqueID_t made = QtSep::ManualMerge::merge(ids, 0.0, holed.back().time, found,
+                                                      std::vector<bool>(found.size(), true));
+    state.PauseTiming();
+    stretches = found.size();
+    merged = PIData::getNumberDataPoints(made);
+    state.ResumeTiming();
+  }
+  state.counters["stretches"] = static_cast<double>(stretches);
+  state.counters["points_merged"] = static_cast<double>(merged);
+}
+BENCHMARK(BM_ManualMergeThreeMillion)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 // Points added one at a time into the middle of a million-point track, each through the call
 // path, as a dropout is filled from another source: the cost of one point must not grow with

@@ -11,8 +11,11 @@
 #include "processing/RemoveDuplicatePoints.h"
 #include "processing/VisvalingamDecimation.h"
 #include "merge/CommonMerge.h"
+#include "actions/TransformPlatformAction.h"
 
 #include <benchmark/benchmark.h>
+
+#include <QApplication>
 
 #include <cmath>
 #include <functional>
@@ -212,6 +215,43 @@ void BM_FilterByCalculatedSpeedMillion(benchmark::State& state)
 }
 BENCHMARK(BM_FilterByCalculatedSpeedMillion)->Unit(benchmark::kMillisecond)->Iterations(3);
 
+// Transform Platform... on a million points: an offset of X in ECEF (every point through the
+// frame and back), and a time scale that takes the platform's beam with it.
+void BM_TransformMillion(benchmark::State& state)
+{
+  const bool time = state.range(0) == 1;
+  const std::vector<PIData::PIPlatformPoint> points = flight(MILLION);
+  for (auto _ : state)
+  {
+    state.PauseTiming();
+    BenchHost host;
+    PIData::initializeScenario();
+    const UniqueID_t id = platformOf(points, "Recorder");
+    PIData::PIBeamHeader beam;
+    PIData::PIBeamPoint pointing{0, 0, 1000, 10};
+    PIData::createBeam(id, &beam, &pointing, true);
+    QtSep::TransformPlatformAction::Coefficients rows;
+    if (time)
+      rows[QtSep::TransformPlatformDialog::TIME] = {true, 1.5, 20.0};
+    else
+      rows[QtSep::TransformPlatformDialog::X] = {true, 1.0, 250.0};
+    state.ResumeTiming();
+    QtSep::TransformPlatformAction::transform({{static_cast<unsigned long>(id), PI_PLATFORM_TYPE, "Recorder"}}, rows,
+                                              time ? kelCore::CoordinateSystem::LLA : kelCore::CoordinateSystem::ECEF);
+  }
+  state.SetLabel(time ? "time x1.5 + 20 s, the beam following" : "ECEF x + 250 m");
+}
+BENCHMARK(BM_TransformMillion)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iterations(3);
+
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv)
+{
+  // A transform of the time axis moves the children through the point editor's sources, whose
+  // controls are widgets.
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

@@ -137,26 +137,7 @@ public:
         append_(std::move(item));
       return;
     }
-    std::vector<T> merged;
-    merged.reserve(size_ + unique.size());
-    auto b = unique.begin();
-    for (std::vector<T>& chunk : chunks_)
-    {
-      for (T& held : chunk)
-      {
-        while (b != unique.end() && b->time < held.time)
-          merged.push_back(std::move(*b++));
-        if (b != unique.end() && b->time == held.time)
-          merged.push_back(std::move(*b++)); // the added item replaces the held one
-        else
-          merged.push_back(std::move(held));
-      }
-      std::vector<T>().swap(chunk); // give the memory back while the merged copy grows
-    }
-    while (b != unique.end())
-      merged.push_back(std::move(*b++));
-    clear();
-    adopt_(std::move(merged));
+    mergeSpan_(std::move(unique));
   }
 
   /// Calls f with each item with begin <= time <= end, in time order, without copying.
@@ -273,6 +254,77 @@ private:
   {
     size_ = items.size();
     chunks_.push_back(std::move(items));
+  }
+
+  /**
+   * Merges items in strict time order into the series. Only the held items within their span
+   * interleave with them: those become one chunk with the added, and the chunks holding the
+   * span's ends are cut to CHUNK first, so that what lies on either side stays where it is and
+   * a short add into a long series costs the span, not the series.
+   */
+  void mergeSpan_(std::vector<T> unique)
+  {
+    const double firstTime = unique.front().time;
+    const double lastTime = unique.back().time;
+    Position lo = lowerBound_(firstTime);
+    if (lo.chunk < chunks_.size() && chunks_[lo.chunk].size() > CHUNK)
+      cut_(lo.chunk);
+    Position hi = upperBound_(lastTime);
+    if (hi.chunk < chunks_.size() && chunks_[hi.chunk].size() > CHUNK)
+      cut_(hi.chunk);
+    lo = lowerBound_(firstTime);
+    hi = upperBound_(lastTime);
+
+    const bool endInside = hi.chunk < chunks_.size() && hi.offset > 0;
+    const std::size_t endChunk = endInside ? hi.chunk + 1 : hi.chunk; // chunks [lo.chunk, endChunk) are rebuilt
+    std::vector<T> prefix = movedOut_(lo.chunk, 0, lo.offset);
+    std::vector<T> suffix = endInside ? movedOut_(hi.chunk, hi.offset, chunks_[hi.chunk].size()) : std::vector<T>();
+    std::vector<T> merged;
+    merged.reserve(itemsBetween_(lo, hi) + unique.size());
+    auto b = unique.begin();
+    std::size_t replaced = 0;
+    for (std::size_t c = lo.chunk; c < endChunk; ++c)
+    {
+      std::vector<T>& chunk = chunks_[c];
+      const std::size_t from = c == lo.chunk ? lo.offset : 0;
+      const std::size_t to = c == hi.chunk ? hi.offset : chunk.size();
+      for (std::size_t k = from; k < to; ++k)
+      {
+        while (b != unique.end() && b->time < chunk[k].time)
+          merged.push_back(std::move(*b++));
+        if (b != unique.end() && b->time == chunk[k].time)
+        {
+          merged.push_back(std::move(*b++)); // the added item replaces the held one
+          ++replaced;
+        }
+        else
+          merged.push_back(std::move(chunk[k]));
+      }
+    }
+    while (b != unique.end())
+      merged.push_back(std::move(*b++));
+    size_ += unique.size() - replaced;
+
+    std::vector<std::vector<T>> rebuilt;
+    if (!prefix.empty())
+      rebuilt.push_back(std::move(prefix));
+    rebuilt.push_back(std::move(merged));
+    if (!suffix.empty())
+      rebuilt.push_back(std::move(suffix));
+    chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(lo.chunk),
+                  chunks_.begin() + static_cast<std::ptrdiff_t>(endChunk));
+    chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(lo.chunk), std::make_move_iterator(rebuilt.begin()),
+                   std::make_move_iterator(rebuilt.end()));
+  }
+
+  /// @return the items [from, to) of a chunk, moved out; the chunk keeps their husks
+  std::vector<T> movedOut_(std::size_t c, std::size_t from, std::size_t to)
+  {
+    std::vector<T> items;
+    items.reserve(to - from);
+    for (std::size_t k = from; k < to; ++k)
+      items.push_back(std::move(chunks_[c][k]));
+    return items;
   }
 
   // Cuts a long chunk into chunks of CHUNK items.

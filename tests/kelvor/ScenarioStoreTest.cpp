@@ -115,6 +115,50 @@ TEST(TimeSeries, InsertsAnywhereInALongSeriesAnswerAsASortedMap)
   EXPECT_EQ(expected.size() + 3, series.size());
 }
 
+// Bulk adds into the middle of a long series touch only their span: short runs inside one
+// chunk, runs across chunk ends, runs into a bulk-added chunk, runs that replace held items and
+// runs in the gap between two chunks all leave what a sorted map holds.
+TEST(TimeSeries, BulkAddsIntoTheMiddleAnswerAsASortedMap)
+{
+  TimeSeries<Point> series;
+  std::map<double, int> expected;
+  std::vector<Point> first;
+  for (int i = 0; i < 5000; ++i)
+  {
+    first.push_back({4.0 * i, i});
+    expected[4.0 * i] = i;
+  }
+  series.insertMany(first); // one long chunk
+  std::mt19937 random(11);
+  std::uniform_int_distribution<int> starts(-10, 20010), lengths(1, 700), steps(1, 8);
+  for (int round = 0; round < 300; ++round)
+  {
+    std::vector<Point> run;
+    double time = starts(random) * 1.0;
+    const int length = round % 10 == 0 ? lengths(random) * 4 : lengths(random) % 40 + 1;
+    for (int k = 0; k < length; ++k, time += steps(random) * 0.5)
+      run.push_back({time, round * 10000 + k});
+    if (round % 7 == 0)
+      std::reverse(run.begin(), run.end()); // out of order: sorted first
+    series.insertMany(run);
+    for (const Point& p : run)
+      expected[p.time] = p.value;
+    ASSERT_EQ(expected.size(), series.size()) << round;
+  }
+  auto walk = series.begin();
+  for (const auto& [time, value] : expected)
+  {
+    ASSERT_EQ(time, walk->time);
+    ASSERT_EQ(value, (walk++)->value);
+  }
+  EXPECT_TRUE(walk == series.end());
+  EXPECT_EQ(std::next(expected.begin(), 1234)->first, series.range(-1e9, 1e9).at(1234).time);
+  // One item after all bulk adds still lands in order.
+  const auto placed = series.insert({1.25, -7});
+  expected[1.25] = -7;
+  EXPECT_EQ(static_cast<std::size_t>(std::distance(expected.begin(), expected.find(1.25))), placed.index);
+}
+
 // A bulk add keeps its items as they came; items inserted and erased inside them afterwards
 // land where a sorted map puts them.
 TEST(TimeSeries, ItemsInsertedIntoABulkAddLandInOrder)
