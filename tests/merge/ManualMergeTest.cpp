@@ -40,7 +40,7 @@ protected:
     store.setListener(&relay);
     primary = platform("Hawk", 7, {0, 1, 2, 10, 11, 12, 30});
     second = platform("Hawk B", 22, {4, 5, 6});
-    third = platform("Hawk C", 0, {3, 7, 8, 9});
+    third = platform("Hawk C", 0, {3, 5, 7, 8, 9}, 1000.0); // its 5 s lies where the second has data
     PIData::clockSetBegin(0);
     PIData::clockSetEnd(30);
     model.forceRefresh();
@@ -55,7 +55,9 @@ protected:
     ServerFixture::TearDown();
   }
 
-  UniqueID_t platform(const std::string& name, UniqueID_t originalId, const std::vector<double>& times)
+  /// A platform with a point at each time, its altitude the time plus altitude metres.
+  UniqueID_t platform(const std::string& name, UniqueID_t originalId, const std::vector<double>& times,
+                      double altitude = 0.0)
   {
     PIData::PIPlatformHeader header;
     header.name = name;
@@ -65,10 +67,18 @@ protected:
     {
       PIData::PIPlatformPoint point;
       point.time = t;
-      point.position = {0.5, -2.0, t};
+      point.position = {0.5, -2.0, t + altitude};
       PIData::addDataPoint(id, &point);
     }
     return id;
+  }
+
+  /// @return the altitude of a platform's point at time, metres
+  double altitudeAt(UniqueID_t id, double time) const
+  {
+    std::vector<PIData::PIPlatformPoint> points;
+    PIData::getDataPoints(id, time, time, &points);
+    return points.empty() ? -1.0 : points.front().position.z;
   }
 
   std::vector<double> times(UniqueID_t id) const
@@ -378,6 +388,8 @@ TEST_F(ManualMergeTab, MergeMakesANewPlatformOfTheTickedStretchesAndLeavesTheSou
   ASSERT_NE(0u, merged);
   EXPECT_EQ((std::vector<double>{0, 1, 2, 3, 4, 5, 6, 10, 11, 12, 30}), times(merged));
   EXPECT_EQ((std::vector<double>{0, 1, 2, 10, 11, 12, 30}), times(primary)) << "sources untouched";
+  EXPECT_EQ(5.0, altitudeAt(merged, 5)) << "where the second has data the third never overrides it";
+  EXPECT_EQ(1003.0, altitudeAt(merged, 3)) << "the third fills what the second leaves open";
   EXPECT_EQ((std::vector<double>{4, 5, 6}), times(second));
   std::vector<PIData::PICategoryDataPoint> sources;
   PIData::retrieveAllCategoryData(merged, &sources);
