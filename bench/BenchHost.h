@@ -7,7 +7,10 @@
 #include "store/ProcessMemory.h"
 #include "store/ScenarioStore.h"
 
+#include <QApplication>
 #include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
 
 /// A real KELVOR Lite store and server behind the plug-in's call path, for the life of a
 /// benchmark; the process's memory is managed as KELVOR Lite and kelvor-edit manage theirs.
@@ -26,3 +29,14 @@ struct BenchHost
   }
   ~BenchHost() { g_FunctionMap = nullptr; }
 };
+
+/// Runs the benchmarks in a widget application off screen: the point editor's sources, which
+/// some commands go through, build their controls as widgets. @return the exit status
+inline int runBenchmarksWithWidgets(int argc, char** argv)
+{
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

@@ -121,9 +121,5 @@ BENCHMARK(BM_SynchronizeTenThousandUnchanged)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return runBenchmarksWithWidgets(argc, argv);
 }

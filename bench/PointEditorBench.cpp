@@ -267,9 +267,5 @@ BENCHMARK(BM_ShowATableOfAHundredThousandRowsAndApplyOneEdit)->Unit(benchmark::k
 
 int main(int argc, char** argv)
 {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return runBenchmarksWithWidgets(argc, argv);
 }

@@ -247,11 +247,5 @@ BENCHMARK(BM_TransformMillion)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->I
 
 int main(int argc, char** argv)
 {
-  // A transform of the time axis moves the children through the point editor's sources, whose
-  // controls are widgets.
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return runBenchmarksWithWidgets(argc, argv);
 }

@@ -73,10 +73,5 @@ BENCHMARK(BM_DetectStationaryAmongTenThousandPlatforms)->Unit(benchmark::kMillis
 
 int main(int argc, char** argv)
 {
-  // The shift goes through the point editor's sources, whose controls are widgets.
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return runBenchmarksWithWidgets(argc, argv);
 }

@@ -17,6 +17,18 @@ struct Point
   int value;
 };
 
+/// Walks the series against a sorted map of the same items.
+void expectSameItems(const TimeSeries<Point>& series, const std::map<double, int>& expected)
+{
+  auto walk = series.begin();
+  for (const auto& [time, value] : expected)
+  {
+    ASSERT_EQ(time, walk->time);
+    ASSERT_EQ(value, (walk++)->value);
+  }
+  EXPECT_TRUE(walk == series.end());
+}
+
 TEST(TimeSeries, BulkAddsMergeInTimeOrderAndReplaceEqualTimes)
 {
   TimeSeries<Point> series;
@@ -62,13 +74,7 @@ TEST(TimeSeries, InsertsAnywhereInALongSeriesAnswerAsASortedMap)
   ASSERT_EQ(expected.size(), series.size());
   ASSERT_GT(series.size(), 4 * TimeSeries<Point>::CHUNK) << "the test must span many chunks";
 
-  auto walk = series.begin();
-  for (const auto& [time, value] : expected)
-  {
-    ASSERT_EQ(time, walk->time);
-    ASSERT_EQ(value, (walk++)->value);
-  }
-  EXPECT_TRUE(walk == series.end());
+  expectSameItems(series, expected);
 
   for (double from : {-5.0, 0.0, 17.25, 3000.0, 9999.5, 10000.0, 12000.0})
   {
@@ -145,13 +151,7 @@ TEST(TimeSeries, BulkAddsIntoTheMiddleAnswerAsASortedMap)
       expected[p.time] = p.value;
     ASSERT_EQ(expected.size(), series.size()) << round;
   }
-  auto walk = series.begin();
-  for (const auto& [time, value] : expected)
-  {
-    ASSERT_EQ(time, walk->time);
-    ASSERT_EQ(value, (walk++)->value);
-  }
-  EXPECT_TRUE(walk == series.end());
+  expectSameItems(series, expected);
   EXPECT_EQ(std::next(expected.begin(), 1234)->first, series.range(-1e9, 1e9).at(1234).time);
   // One item after all bulk adds still lands in order.
   const auto placed = series.insert({1.25, -7});

@@ -29,20 +29,9 @@ protected:
     PIData::initializeScenario();
   }
 
-  UniqueID_t platform(const std::string& name, UniqueID_t originalId, const std::vector<double>& times)
+  static UniqueID_t platform(const std::string& name, UniqueID_t originalId, const std::vector<double>& times)
   {
-    PIData::PIPlatformHeader header;
-    header.name = name;
-    header.originalId = originalId;
-    const UniqueID_t id = PIData::createPlatform(&header, nullptr);
-    for (double t : times)
-    {
-      PIData::PIPlatformPoint point;
-      point.time = t;
-      point.position = {0.5, -2.0, t};
-      PIData::addDataPoint(id, &point);
-    }
-    return id;
+    return createTrack(name, originalId, times);
   }
 
   /// Runs a step and reads, then closes, the message box it shows. @return its text

@@ -38,15 +38,7 @@ protected:
     return id;
   }
 
-  std::vector<double> times(UniqueID_t id)
-  {
-    std::vector<PIData::PIPlatformPoint> points;
-    PIData::getDataPoints(id, -1e9, 1e9, &points);
-    std::vector<double> out;
-    for (const auto& p : points)
-      out.push_back(p.time);
-    return out;
-  }
+  static std::vector<double> times(UniqueID_t id) { return pointTimes(id); }
 
   static std::vector<std::pair<double, double>> spans(const std::vector<DropOut>& dropouts)
   {

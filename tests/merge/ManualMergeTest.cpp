@@ -55,22 +55,10 @@ protected:
     ServerFixture::TearDown();
   }
 
-  /// A platform with a point at each time, its altitude the time plus altitude metres.
-  UniqueID_t platform(const std::string& name, UniqueID_t originalId, const std::vector<double>& times,
-                      double altitude = 0.0)
+  static UniqueID_t platform(const std::string& name, UniqueID_t originalId, const std::vector<double>& times,
+                             double altitude = 0.0)
   {
-    PIData::PIPlatformHeader header;
-    header.name = name;
-    header.originalId = originalId;
-    const UniqueID_t id = PIData::createPlatform(&header, nullptr);
-    for (double t : times)
-    {
-      PIData::PIPlatformPoint point;
-      point.time = t;
-      point.position = {0.5, -2.0, t + altitude};
-      PIData::addDataPoint(id, &point);
-    }
-    return id;
+    return createTrack(name, originalId, times, altitude);
   }
 
   /// @return the altitude of a platform's point at time, metres
@@ -81,15 +69,7 @@ protected:
     return points.empty() ? -1.0 : points.front().position.z;
   }
 
-  std::vector<double> times(UniqueID_t id) const
-  {
-    std::vector<PIData::PIPlatformPoint> points;
-    PIData::getDataPoints(id, -1e9, 1e9, &points);
-    std::vector<double> out;
-    for (const auto& p : points)
-      out.push_back(p.time);
-    return out;
-  }
+  static std::vector<double> times(UniqueID_t id) { return pointTimes(id); }
 
   /// Selects in the entity list and waits for the list to tell its listeners.
   void select(const QList<unsigned long>& ids)

@@ -65,15 +65,7 @@ protected:
     return letters;
   }
 
-  std::vector<double> times(UniqueID_t id)
-  {
-    std::vector<PIData::PIPlatformPoint> points;
-    PIData::getDataPoints(id, -1e9, 1e9, &points);
-    std::vector<double> out;
-    for (const auto& point : points)
-      out.push_back(point.time);
-    return out;
-  }
+  static std::vector<double> times(UniqueID_t id) { return pointTimes(id); }
 
   UniqueID_t addBeam(const std::vector<double>& azimuths)
   {

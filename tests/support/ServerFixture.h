@@ -70,6 +70,38 @@ protected:
     return PIData::createPlatform(&header, &fixed);
   }
 
+  /**
+   * Makes a platform with a point at each time (seconds), at latitude 0.5 and longitude -2.0
+   * (radians), its altitude the time plus altitude metres.
+   */
+  static UniqueID_t createTrack(const std::string& name, UniqueID_t originalId, const std::vector<double>& times,
+                                double altitude = 0.0)
+  {
+    PIData::PIPlatformHeader header;
+    header.name = name;
+    header.originalId = originalId;
+    const UniqueID_t id = PIData::createPlatform(&header, nullptr);
+    for (double t : times)
+    {
+      PIData::PIPlatformPoint point;
+      point.time = t;
+      point.position = {0.5, -2.0, t + altitude};
+      PIData::addDataPoint(id, &point);
+    }
+    return id;
+  }
+
+  /// @return the times of a platform's points, in order, seconds
+  static std::vector<double> pointTimes(UniqueID_t id)
+  {
+    std::vector<PIData::PIPlatformPoint> points;
+    PIData::getDataPoints(id, -1e9, 1e9, &points);
+    std::vector<double> out;
+    for (const auto& point : points)
+      out.push_back(point.time);
+    return out;
+  }
+
   QTemporaryDir dir;
   kelvor::ScenarioStore store;
   kelvor::HeadlessHostServices services;
