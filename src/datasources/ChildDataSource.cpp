@@ -24,7 +24,6 @@ namespace
 {
 
 constexpr double TOLERANCE = 1e-6;
-const char* const NO_TARGET = "None";
 
 /// Reads a 16-bit line pattern: hexadecimal with "0x", else decimal. @return false when it is none
 bool parseStipple(const std::string& text, double& out)
@@ -148,7 +147,7 @@ QVariant ChildDataSource::raw_(const ColumnSpec& spec, double value) const
     // The name and the id, as a copy of the entity carries its target.
     const auto target = static_cast<unsigned long>(value);
     const QString name =
-      target == 0 ? QString(NO_TARGET) : QString::fromStdString(nameOrAliasFromId_(target, PI_PLATFORM_TYPE));
+      target == 0 ? QString(NO_TARGET_TEXT) : QString::fromStdString(nameOrAliasFromId_(target, PI_PLATFORM_TYPE));
     return QVariantList{name, QVariant(static_cast<qulonglong>(target))};
   }
   case Kind::INTEGER:

@@ -108,12 +108,15 @@ int DataSource::setInteger_(const std::string& text, int& out, bool& valid, bool
   return 0;
 }
 
+const char* const DataSource::NO_TARGET_TEXT = "None";
+
 int DataSource::setTarget_(const std::string& text, unsigned long& out, bool& valid, bool& dirty) const
 {
   if (clearedByEmptyText(text, valid, dirty))
     return 0;
+  // "None" is how the table shows no target, so it reads back as none unless a platform has that name.
   const unsigned long target = text == "0" ? 0UL : static_cast<unsigned long>(PIData::findPlatform(text));
-  if (target == 0 && text != "0")
+  if (target == 0 && text != "0" && text != NO_TARGET_TEXT)
     return 1;
   out = target;
   valid = true;

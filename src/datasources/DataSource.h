@@ -135,6 +135,9 @@ protected:
   static bool areEqual_(bool validA, unsigned long a, bool validB, unsigned long b);
   static bool areEqual_(bool validA, bool a, bool validB, bool b);
 
+  /// The text a target column shows for no target; it reads back as none.
+  static const char* const NO_TARGET_TEXT;
+
   /// @return whether any cell differs from its value as read (added and deleted rows aside)
   bool hasDirtyCell_() const;
 

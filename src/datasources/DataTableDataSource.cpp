@@ -54,6 +54,17 @@ bool withNumberType(UTILS::VariableType_t type, F f)
   }
 }
 
+/// @return whether a signed 64-bit number fits integer type T
+template <typename T>
+bool inIntegerRange(long long number)
+{
+  if constexpr (std::is_signed_v<T>)
+    return number >= static_cast<long long>(std::numeric_limits<T>::min()) &&
+           number <= static_cast<long long>(std::numeric_limits<T>::max());
+  else
+    return number >= 0 && static_cast<unsigned long long>(number) <= std::numeric_limits<T>::max();
+}
+
 bool isFloating(UTILS::VariableType_t type) { return type == UTILS::VT_FLOAT || type == UTILS::VT_DOUBLE; }
 
 /// Reads "NaN", "Inf" and "-Inf" in any case, then numbers. @return false for text that is none
@@ -293,8 +304,10 @@ QVariant DataTableDataSource::data(int row, int column, Role role) const
 
 int DataTableDataSource::setData(int row, int column, const QVariant& value)
 {
-  if (!inRange_(row) || column < 0 || column >= columnCount() || value.userType() != QMetaType::QString)
+  if (!inRange_(row) || column < 0 || column >= columnCount())
     return 1;
+  if (value.userType() != QMetaType::QString)
+    return setTypedData_(rows_[row].edited, column, value);
   const std::string text = value.toString().toUtf8().toStdString();
   PIData::DataTableRowT& edited = rows_[row].edited;
   if (column == 0)
@@ -318,6 +331,69 @@ int DataTableDataSource::setData(int row, int column, const QVariant& value)
     return 1;
   setDirty_();
   return 0;
+}
+
+int DataTableDataSource::setTypedData_(PIData::DataTableRowT& edited, int column, const QVariant& value)
+{
+  // A pasted cell: the value in its storage form, or null for an absent cell.
+  if (column == 0)
+  {
+    if (value.userType() != QMetaType::Double || !std::isfinite(value.toDouble()))
+      return 1;
+    edited.setTime(value.toDouble());
+    setDirty_();
+    return 0;
+  }
+  const Column& spec = columns_[column];
+  int status = 1;
+  if (value.isNull() && !value.isValid())
+  {
+    edited.removeCell(spec.id);
+    status = 0;
+  }
+  else if (spec.type == UTILS::VT_STRING && value.userType() == QMetaType::QString)
+    status = PIData::DataTableRowT::setCellValueT(edited, spec.id, value.toString().toUtf8().toStdString());
+  else if (spec.type == UTILS::VT_BLOB && value.userType() == QMetaType::QByteArray)
+  {
+    const QByteArray bytes = value.toByteArray();
+    status = PIData::DataTableRowT::setCellValueT(edited, spec.id, UTILS::Blob(bytes.begin(), bytes.end()));
+  }
+  else
+    status = setTypedNumber_(edited, spec, value);
+  if (status != 0)
+    return 1;
+  setDirty_();
+  return 0;
+}
+
+int DataTableDataSource::setTypedNumber_(PIData::DataTableRowT& row, const Column& column, const QVariant& value)
+{
+  int status = 1;
+  const int type = value.userType();
+  withNumberType(column.type, [&](auto zero) {
+    using T = decltype(zero);
+    if constexpr (std::is_floating_point_v<T>)
+    {
+      // A value out of a float's range would not convert; it comes from no float cell.
+      const double number = value.toDouble();
+      if (type == QMetaType::Double &&
+          (!std::isfinite(number) || std::fabs(number) <= static_cast<double>(std::numeric_limits<T>::max())))
+        status = PIData::DataTableRowT::setCellValueT(row, column.id, static_cast<T>(number)) == 0 ? 0 : 1;
+    }
+    else if (type == QMetaType::LongLong)
+    {
+      const qlonglong number = value.toLongLong();
+      if (inIntegerRange<T>(number))
+        status = PIData::DataTableRowT::setCellValueT(row, column.id, static_cast<T>(number)) == 0 ? 0 : 1;
+    }
+    else if (type == QMetaType::ULongLong)
+    {
+      const qulonglong number = value.toULongLong();
+      if (number <= static_cast<qulonglong>(std::numeric_limits<T>::max()))
+        status = PIData::DataTableRowT::setCellValueT(row, column.id, static_cast<T>(number)) == 0 ? 0 : 1;
+    }
+  });
+  return status;
 }
 
 int DataTableDataSource::setCell_(PIData::DataTableRowT& row, const Column& column, const std::string& text)

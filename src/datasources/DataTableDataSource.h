@@ -106,6 +106,10 @@ private:
   QVariant cellValue_(const PIData::DataTableRowT& row, unsigned long columnId, UTILS::VariableType_t type) const;
   /// Parses text into a cell of the column's type. @return 0, or 1 when refused
   int setCell_(PIData::DataTableRowT& row, const Column& column, const std::string& text);
+  /// Sets a cell from a pasted value in storage form; null removes the cell. @return 0, or 1 when refused
+  int setTypedData_(PIData::DataTableRowT& edited, int column, const QVariant& value);
+  /// Sets a number cell from a pasted number that fits the column's type. @return 0, or 1 when refused
+  int setTypedNumber_(PIData::DataTableRowT& row, const Column& column, const QVariant& value);
   bool areCellsEqual_(const PIData::DataTableRowT& a, const PIData::DataTableRowT& b, const Column& column) const;
   void setDirty_() { dirty_ = true; }
   void clearDirty_() { dirty_ = false; }

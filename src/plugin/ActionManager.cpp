@@ -5,6 +5,7 @@
 #include "host/PIDataScenario.h"
 #include "actions/AddEntityAction.h"
 #include "actions/CalculateOriVelAction.h"
+#include "actions/CopyAction.h"
 #include "actions/DecimateAction.h"
 #include "actions/DeleteAction.h"
 #include "actions/DeleteScenarioAction.h"
@@ -12,6 +13,7 @@
 #include "actions/GogExportAction.h"
 #include "actions/MakeStationaryAction.h"
 #include "actions/MergeAction.h"
+#include "actions/PasteAction.h"
 #include "actions/RemoveDuplicatePointsAction.h"
 #include "actions/RenameAction.h"
 #include "actions/TransformPlatformAction.h"
@@ -33,11 +35,12 @@ constexpr int CLOSING_RULE_WEIGHT = 205;
 
 ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
 {
-  // In the order of the command table; the actions of commands still to come join in their places.
+  // In the order of the command table.
   auto addEntity = std::make_unique<AddEntityAction>(parent);
   connect(addEntity.get(), &AddEntityAction::entityAdded, this, &ActionManager::entityAdded);
   actions_.push_back(std::move(addEntity));
   actions_.push_back(std::make_unique<CalculateOriVelAction>(parent));
+  actions_.push_back(std::make_unique<CopyAction>());
   actions_.push_back(std::make_unique<DecimateAction>(parent));
   actions_.push_back(std::make_unique<DeleteAction>(parent));
   actions_.push_back(std::make_unique<DeleteScenarioAction>(parent));
@@ -45,6 +48,7 @@ ActionManager::ActionManager(QWidget* parent, QObject* owner) : QObject(owner)
   actions_.push_back(std::make_unique<GogExportAction>(parent));
   actions_.push_back(std::make_unique<MakeStationaryAction>(parent));
   actions_.push_back(std::make_unique<MergeAction>(parent));
+  actions_.push_back(std::make_unique<PasteAction>());
   actions_.push_back(std::make_unique<RemoveDuplicatePointsAction>(parent));
   actions_.push_back(std::make_unique<RenameAction>(parent));
   actions_.push_back(std::make_unique<TransformPlatformAction>(parent));

@@ -8,7 +8,7 @@
 #include "plugin/ActionManager.h"
 #include "plugin/MenuInfo.h"
 #include "plugin/MiscellaneousWidget.h"
-#include "utils/EntityTreeModel.h"
+#include "utils/DndEntityTreeModel.h"
 #include "utils/QtCategoryFilter.h"
 #include "utils/QtCenterEntity.h"
 #include "utils/SerializeTreeFilters.h"
@@ -21,6 +21,7 @@
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTimer>
+#include <QTreeView>
 
 static void initEditorResources()
 {
@@ -56,7 +57,7 @@ void MainDialog::ModifiedCallback::callback(PluginClient::Interfaces::SignalInte
 MainDialog::MainDialog(ActionManager& actionManager, QMainWindow* mainWindow)
   : kelQt::DockWidget("Qt Scenario Editor", mainWindow),
     actionManager_(actionManager),
-    treeModel_(new PluginUtils::EntityTreeModel(this)),
+    treeModel_(new PluginUtils::DndEntityTreeModel(this)),
     entityTreeComposite_(new kelQt::EntityTreeComposite),
     tabWidget_(new QTabWidget),
     timer_(new QTimer(this)),
@@ -104,6 +105,14 @@ void MainDialog::buildTree_()
   centerEntity_ = new PluginUtils::QtCenterEntity(*entityTreeComposite_, this);
   entityTreeComposite_->setTreeViewActionEnabled(true);
   entityTreeComposite_->setShowTreeOptionsInMenu(true);
+  // Whole entities drag out to the clipboard's format and drop in, also from another host;
+  // within this one a drop copies.
+  QTreeView* view = entityTreeComposite_->view();
+  view->setDragDropMode(QAbstractItemView::DragDrop);
+  view->setDefaultDropAction(Qt::CopyAction);
+  view->setDragEnabled(true);
+  view->setAcceptDrops(true);
+  view->setDropIndicatorShown(true);
 }
 
 void MainDialog::buildTabs_()
