@@ -228,13 +228,14 @@ int ChildDataSource::setData(int row, int column, const QVariant& value)
   Values& edited = rows_[row].edited;
   if (column == 0)
   {
-    // A child's rows are never static, and no time of theirs lies before the reference year.
+    // A time typed in is never static and never before the reference year; a pasted one is
+    // as the host stored it, static items of a static host's children included.
     double time = edited.time;
     bool changed = false;
-    const int status = value.userType() == QMetaType::QString
-                         ? setTime_(value.toString().toUtf8().toStdString(), false, time, changed)
-                         : setTime_(value, false, time, changed);
-    if (status != 0 || time < 0.0)
+    const bool typedIn = value.userType() == QMetaType::QString;
+    const int status = typedIn ? setTime_(value.toString().toUtf8().toStdString(), false, time, changed)
+                               : setTime_(value, true, time, changed);
+    if (status != 0 || (typedIn && time < 0.0))
       return 1;
     edited.time = time;
     dirty_ = dirty_ || changed;

@@ -101,8 +101,9 @@ int KeyValueDataSource::setData(int row, int column, const QVariant& value)
   Item& edited = rows_[row].edited;
   if (column == TIME)
   {
+    // A pasted time is as stored, where a static item has -1; typed text cannot be static.
     if (value.userType() == QMetaType::Double)
-      return setTime_(value, false, edited.time, dirty_);
+      return setTime_(value, true, edited.time, dirty_);
     return value.userType() == QMetaType::QString ? setTime_(value.toString().toUtf8().toStdString(), false, edited.time, dirty_)
                                                   : 1;
   }

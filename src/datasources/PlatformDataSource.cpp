@@ -320,6 +320,10 @@ int PlatformDataSource::setData(int row, int column, const QVariant& value)
   Fix& edited = rows_[row].edited;
   if (value.userType() == QMetaType::Double)
     return setRaw_(edited, column, value.toDouble());
+  // A null cell is a value the point lacks, such as an orientation never recorded: a pasted
+  // row keeps it unset, as the row it came from had it. A time is never absent.
+  if (!value.isValid())
+    return column == TIME ? 1 : setRaw_(edited, column, PI_INVALID_DOUBLE);
   if (value.userType() != QMetaType::QString)
     return 1;
   const std::string text = value.toString().toUtf8().toStdString();

@@ -6,6 +6,8 @@
 
 #include <QVariantList>
 
+#include <tuple>
+
 namespace QtSep
 {
 
@@ -129,6 +131,7 @@ int EntityPayloadReader::pastePlatform_()
     return streamFailed_();
   header.name = utf8(name);
   header.iconFile = utf8(icon);
+  entity_ = "platform \"" + header.name + "\"";
   const unsigned long id = target_.createPlatform(header);
   if (pasteEntity_(id) != 0)
     return 1;
@@ -145,6 +148,7 @@ int EntityPayloadReader::pasteBeam_(unsigned long host)
       !stream_.readBool(header.flag) || !stream_.readUnsignedLong(header.targetId))
     return streamFailed_();
   header.name = utf8(name);
+  entity_ = "beam \"" + header.name + "\"";
   const unsigned long id = target_.createBeam(host, header);
   if (pasteEntity_(id) != 0)
     return 1;
@@ -158,6 +162,7 @@ int EntityPayloadReader::pasteGate_(unsigned long host)
   if (!stream_.readText(name) || !stream_.readUnsignedLong(header.originalId) || !stream_.readInt(header.gateType))
     return streamFailed_();
   header.name = utf8(name);
+  entity_ = "gate \"" + header.name + "\"";
   return pasteEntity_(target_.createGate(host, header));
 }
 
@@ -171,6 +176,7 @@ int EntityPayloadReader::pasteLaser_(unsigned long host)
     return streamFailed_();
   header.name = utf8(name);
   header.frame.coordinateSystem = static_cast<PICoordSystem_t>(system);
+  entity_ = "laser \"" + header.name + "\"";
   return pasteEntity_(target_.createLaser(host, header));
 }
 
@@ -181,6 +187,7 @@ int EntityPayloadReader::pasteLob_(unsigned long host)
   if (!stream_.readText(name) || !stream_.readUnsignedLong(header.originalId) || !stream_.readInt(header.lobType))
     return streamFailed_();
   header.name = utf8(name);
+  entity_ = "LOB group \"" + header.name + "\"";
   return pasteEntity_(target_.createLob(host, header));
 }
 
@@ -191,6 +198,7 @@ int EntityPayloadReader::pasteProjector_(unsigned long host)
   if (!stream_.readText(name) || !stream_.readUnsignedLong(header.originalId))
     return streamFailed_();
   header.name = utf8(name);
+  entity_ = "projector \"" + header.name + "\"";
   return pasteEntity_(target_.createProjector(host, header));
 }
 
@@ -203,6 +211,7 @@ int EntityPayloadReader::pasteCustomRendering_(unsigned long host)
     return streamFailed_();
   header.name = utf8(name);
   header.renderer = utf8(renderer);
+  entity_ = "custom rendering \"" + header.name + "\"";
   return pasteEntity_(target_.createCustomRendering(host, header));
 }
 
@@ -211,15 +220,18 @@ int EntityPayloadReader::pasteEntity_(unsigned long id)
   if (id == 0)
     return fail_("the host could not make the entity");
   target_.openTable(id, PasteTarget::Table::OWN);
+  table_ = "its data";
   if (pasteDataSource_() != 0)
     return 1;
-  const std::pair<const char*, PasteTarget::Table> sections[] = {{CP_CATEGORY_DATA, PasteTarget::Table::CATEGORY},
-                                                                 {CP_GENERIC_DATA, PasteTarget::Table::GENERIC}};
-  for (const auto& [marker, table] : sections)
+  const std::tuple<const char*, PasteTarget::Table, const char*> sections[] = {
+    {CP_CATEGORY_DATA, PasteTarget::Table::CATEGORY, "its category data"},
+    {CP_GENERIC_DATA, PasteTarget::Table::GENERIC, "its generic data"}};
+  for (const auto& [marker, table, title] : sections)
   {
     if (expectMarker_(marker) != 0)
       return 1;
     target_.openTable(id, table);
+    table_ = title;
     if (pasteDataSource_() != 0 || expectMarker_(CP_DEFINITION_END) != 0)
       return 1;
   }
@@ -264,8 +276,8 @@ int EntityPayloadReader::pasteDataSource_()
         cell = forms[sameProcess_ ? 1 : 0];
       }
       if (target_.setCell(row, column, cell) != 0)
-        return fail_("row " + std::to_string(row + 1) + ", column " + std::to_string(column + 1) +
-                     " holds a value the entity does not take");
+        return fail_(entity_ + ", " + table_ + ": row " + std::to_string(row + 1) + ", column " +
+                     std::to_string(column + 1) + " holds a value the entity does not take");
     }
   }
   if (rows > 0)
@@ -314,6 +326,7 @@ int EntityPayloadReader::pasteTable_(unsigned long id)
     return 1;
   if (columns.empty())
     return skipDataSource_();
+  table_ = "its data table \"" + utf8(name.left(64)) + "\"";
   if (!target_.openDataTable(id, utf8(name), columns))
     return fail_("the host could not make the data table \"" + utf8(name.left(64)) + "\"");
   return pasteDataSource_();

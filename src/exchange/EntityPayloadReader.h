@@ -76,6 +76,9 @@ private:
   PasteTarget& target_;
   bool sameProcess_;
   std::string reason_;
+  /// The entity and the table being read, for the reason a paste stops.
+  std::string entity_;
+  std::string table_;
 };
 
 } // namespace QtSep

@@ -4,6 +4,7 @@
 #include "files/ScenarioWriter.h"
 
 #include <algorithm>
+#include <map>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -26,6 +27,12 @@ using kelvor::TimedValue;
 struct Ref
 {
   UniqueID_t id;
+};
+
+/// The children of an entity, which compare by their places.
+struct Refs
+{
+  const std::vector<UniqueID_t>& ids;
 };
 
 // The fields of each record, as (name, value) to a visitor.
@@ -230,8 +237,7 @@ void fields(const Entity& e, V& v)
   v("alias", e.alias);
   v("useAlias", e.useAlias);
   v("children", e.children.size());
-  for (UniqueID_t child : e.children)
-    v("child", Ref{child});
+  v("child", Refs{e.children});
   v("tables", e.tables.size());
 }
 
@@ -296,14 +302,39 @@ class Places
 {
 public:
   explicit Places(const ScenarioStore& store) : ids_(store.list(PI_ALL_TYPES)) {}
+  /**
+   * Places in a given order, of entities of one store; an id outside the order takes its place
+   * in fallback, if any. Children then compare as a set, since the order is not the store's.
+   */
+  Places(const std::vector<UniqueID_t>& order, const Places* fallback) : ids_(order), fallback_(fallback)
+  {
+    for (std::size_t i = 0; i < ids_.size(); ++i)
+      explicit_[ids_[i]] = static_cast<long long>(i) + 1;
+  }
   const std::vector<UniqueID_t>& ids() const { return ids_; }
+  bool unordered() const { return !explicit_.empty(); }
   /// @return the place, 0 for no entity, -1 for an id the store does not hold
   long long of(UniqueID_t id) const
   {
     if (id == 0)
       return 0;
+    if (unordered())
+    {
+      const auto found = explicit_.find(id);
+      return found != explicit_.end() ? found->second : fallback_ ? fallback_->of(id) : -1;
+    }
     const auto it = std::lower_bound(ids_.begin(), ids_.end(), id);
     return it != ids_.end() && *it == id ? (it - ids_.begin()) + 1 : -1;
+  }
+  /// @return the places of ids, sorted when the order is not the store's
+  std::vector<long long> of(const std::vector<UniqueID_t>& ids) const
+  {
+    std::vector<long long> places;
+    for (UniqueID_t id : ids)
+      places.push_back(of(id));
+    if (unordered())
+      std::sort(places.begin(), places.end());
+    return places;
   }
   std::string text(UniqueID_t id) const
   {
@@ -313,6 +344,8 @@ public:
 
 private:
   std::vector<UniqueID_t> ids_;
+  std::map<UniqueID_t, long long> explicit_;
+  const Places* fallback_ = nullptr;
 };
 
 template <typename T>
@@ -339,6 +372,13 @@ public:
   {
     if constexpr (std::is_same_v<T, Ref>)
       add_(name, places_.text(value.id));
+    else if constexpr (std::is_same_v<T, Refs>)
+    {
+      std::string text;
+      for (long long place : places_.of(value.ids))
+        text += "#" + std::to_string(place) + " ";
+      add_(name, text);
+    }
     else if constexpr (std::is_same_v<T, std::string>)
       add_(name, quoted(value));
     else if constexpr (std::is_same_v<T, bool>)
@@ -367,6 +407,11 @@ public:
   {
     if constexpr (std::is_same_v<T, Ref>)
       raw_(places_.of(value.id));
+    else if constexpr (std::is_same_v<T, Refs>)
+    {
+      for (long long place : places_.of(value.ids))
+        raw_(place);
+    }
     else if constexpr (std::is_same_v<T, std::string>)
     {
       raw_(value.size());
@@ -778,6 +823,26 @@ std::vector<std::string> differences(const ScenarioStore& expected, const Scenar
   };
   if (flagsAndOverlays(expected, placesA) != flagsAndOverlays(actual, placesB))
     findings.add("the draw flags or overlay files differ");
+  return findings.take();
+}
+
+std::vector<std::string> differences(const ScenarioStore& store, const std::vector<UniqueID_t>& expected,
+                                     const std::vector<UniqueID_t>& actual, std::size_t most)
+{
+  Findings findings(most);
+  const Places placesA(expected, nullptr);
+  const Places placesB(actual, &placesA);
+  if (expected.size() != actual.size())
+    findings.add(std::to_string(expected.size()) + " entities != " + std::to_string(actual.size()));
+  for (std::size_t i = 0; i < expected.size() && i < actual.size() && !findings.full(); ++i)
+  {
+    const Entity* a = store.entity(expected[i]);
+    const Entity* b = store.entity(actual[i]);
+    if (!a || !b)
+      findings.add("entity #" + std::to_string(i + 1) + " is missing");
+    else
+      compareEntity(static_cast<long long>(i + 1), store, *a, placesA, store, *b, placesB, findings);
+  }
   return findings.take();
 }
 

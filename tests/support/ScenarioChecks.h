@@ -33,6 +33,15 @@ std::vector<std::string> inconsistencies(const kelvor::ScenarioStore& store);
 std::vector<std::string> differences(const kelvor::ScenarioStore& expected, const kelvor::ScenarioStore& actual,
                                      std::size_t most = 20);
 
+/**
+ * As above, for entities of one store paired by their places in two lists, as a copy is
+ * compared with its source: hosts and children compare by their places in each list (children
+ * as a set), while a reference to an entity outside actual's list compares as the place that
+ * entity has in expected's, so that a copy that still aims at its source's target matches.
+ */
+std::vector<std::string> differences(const kelvor::ScenarioStore& store, const std::vector<UniqueID_t>& expected,
+                                     const std::vector<UniqueID_t>& actual, std::size_t most = 20);
+
 /// Saves store to path, reads the file into a new store and compares. @return the reader's errors, then the differences
 std::vector<std::string> saveAndReadBack(const kelvor::ScenarioStore& store, const std::string& path);
 
