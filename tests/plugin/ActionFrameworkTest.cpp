@@ -83,7 +83,7 @@ TEST_F(ActionFramework, BothMenusAskEveryActionAndSortByWeight)
 {
   EXPECT_EQ((std::vector<std::string>{"Make Stationary...", "High", "Rename...", "Delete...", "Extend Life...", "Decimate...",
                                       "Remove Duplicate Points...", "Velocity Filtering...", "Low", "Tie", "Calculate Ori / Vel...",
-                                      "Export to GOG...", "Transform Platform...",
+                                      "Export to GOG...", "Transform Platform...", "Copy Entity",
                                       "Add Entity"}),
             ownMenu({platform}))
       << "the manager's own actions sort among the others; equal weights keep their order";
