@@ -2,6 +2,8 @@
 
 #include <string>
 
+class QString;
+
 namespace QtSep
 {
 
