@@ -335,7 +335,8 @@ int DataTableDataSource::setData(int row, int column, const QVariant& value)
 
 int DataTableDataSource::setTypedData_(PIData::DataTableRowT& edited, int column, const QVariant& value)
 {
-  // A pasted cell: the value in its storage form, or null for an absent cell.
+  // A pasted cell: the value in its storage form, or null for an absent cell. Text, pasted or
+  // typed, takes the text path.
   if (column == 0)
   {
     if (value.userType() != QMetaType::Double || !std::isfinite(value.toDouble()))
@@ -351,8 +352,6 @@ int DataTableDataSource::setTypedData_(PIData::DataTableRowT& edited, int column
     edited.removeCell(spec.id);
     status = 0;
   }
-  else if (spec.type == UTILS::VT_STRING && value.userType() == QMetaType::QString)
-    status = PIData::DataTableRowT::setCellValueT(edited, spec.id, value.toString().toUtf8().toStdString());
   else if (spec.type == UTILS::VT_BLOB && value.userType() == QMetaType::QByteArray)
   {
     const QByteArray bytes = value.toByteArray();

@@ -142,6 +142,10 @@ TEST_F(ChildData, ATargetBeamsPointingIsNoDataButItsTargetIs)
   EXPECT_EQ("Hawk", shown(0, 6));
   EXPECT_FALSE(type(0, 0, "-1")) << "a child's time is never static";
   EXPECT_FALSE(type(0, 0, "static"));
+  ASSERT_TRUE(type(0, 6, "None")) << "what the cell shows for no target reads back";
+  EXPECT_EQ("None", shown(0, 6));
+  EXPECT_EQ(0, source.setData(0, 0, QVariant(-1.0))) << "a pasted static item stays static";
+  EXPECT_DOUBLE_EQ(-1.0, source.time(0));
 }
 
 TEST_F(ChildData, AGatesMissingRangeShowsTheHostsMarker)

@@ -205,3 +205,25 @@ TEST_F(DataTables, TimeUnitsHaveNamesBothWays)
   ASSERT_EQ(1u, services.notifications.size());
   EXPECT_EQ("WARNING:  Unrecognized Time Format fortnights\n", services.notifications[0].first);
 }
+
+TEST_F(DataTables, APastedRowTakesEachCellAsStoredAndRefusesWhatItsColumnCannotHold)
+{
+  // A paste: a new row, then each cell in the raw form another table gave.
+  source->copyRow(2, 2);
+  const std::vector<QVariant> raw{QVariant(-1.0), QVariant(qulonglong(200)), QVariant(), QVariant(1e300),
+                                  QVariant(0.25), QVariant(QString("  as typed ")), QVariant(QByteArray("\x02\x03", 2))};
+  for (int column = 0; column < static_cast<int>(raw.size()); ++column)
+    EXPECT_EQ(0, source->setData(2, column, raw[column])) << "column " << column;
+  for (int column : {1, 2, 3, 4, 6})
+    EXPECT_EQ(raw[column], source->data(2, column, DataSource::Role::Raw)) << "column " << column;
+  EXPECT_EQ(QVariant(QString("as typed")), source->data(2, 5, DataSource::Role::Raw)) << "text is text, trimmed";
+  EXPECT_DOUBLE_EQ(-1.0, source->time(2)) << "a static row pasted stays static";
+
+  EXPECT_NE(0, source->setData(2, 1, QVariant(qulonglong(256)))) << "past an unsigned 8-bit cell";
+  EXPECT_NE(0, source->setData(2, 1, QVariant(qlonglong(-1))));
+  EXPECT_NE(0, source->setData(2, 4, QVariant(1e300))) << "past a float";
+  EXPECT_NE(0, source->setData(2, 2, QVariant(2.5))) << "a fraction in an integer cell";
+  EXPECT_NE(0, source->setData(2, 6, QVariant(qulonglong(1)))) << "a number in a blob cell";
+  EXPECT_NE(0, source->setData(2, 0, QVariant(qulonglong(1)))) << "a time must be a number of seconds";
+  EXPECT_EQ(QVariant(qulonglong(200)), source->data(2, 1, DataSource::Role::Raw)) << "refusals change nothing";
+}
