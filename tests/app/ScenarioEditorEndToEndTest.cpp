@@ -3,6 +3,7 @@
 #include "app/HostApplication.h"
 #include "store/ScenarioStore.h"
 #include "support/WhenShown.h"
+#include "files/ScenarioReader.h"
 #include "files/ScenarioVocabulary.h"
 #include "store/DataTable.h"
 #include "ui/DataBrowser.h"
@@ -15,6 +16,9 @@
 #include <QComboBox>
 #include <QSpinBox>
 #include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <QProcess>
 #include <QDialog>
 #include <QDir>
 #include <QDockWidget>
@@ -76,20 +80,35 @@ protected:
     return host->window().findChild<QDockWidget*>("ScenarioEditorMainDialog");
   }
 
-  /// Selects the track in the editor's tree and chooses a command of its right-click menu,
-  /// accepting the question that follows. @return the menu's texts
-  QStringList chooseFromTreeMenu(QTreeView& tree, const QString& command)
+  /// @return the view of the editor window's entity tree; null when there is none
+  static QTreeView* editorTree(QDockWidget& editor)
   {
-    const QModelIndexList found = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, TRACK, 1,
+    // The tree's class lives in the plug-in, so it is known here by its name only; the Make
+    // Stationary tab has another, of its own name.
+    for (QWidget* child : editor.findChildren<QWidget*>())
+    {
+      if (QString(child->metaObject()->className()) == "kelQt::EntityTreeComposite" &&
+          child->objectName() != "entityTreeComposite")
+        return child->findChild<QTreeView*>("treeView");
+    }
+    return nullptr;
+  }
+
+  /// Selects a row of the editor's tree and chooses a command of its right-click menu,
+  /// accepting the question that follows when the command asks one. @return the menu's texts
+  QStringList chooseFromTreeMenu(QTreeView& tree, const QString& command, const QString& row = TRACK,
+                                 bool asks = true)
+  {
+    const QModelIndexList found = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, row, 1,
                                                       Qt::MatchExactly | Qt::MatchRecursive);
     if (found.isEmpty())
       return {};
     tree.selectionModel()->select(found.front(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     QStringList texts;
-    const auto question = answerNextDialog(true);
+    const auto question = asks ? answerNextDialog(true) : nullptr;
     WhenShown<QMenu> menu([&texts, command](QMenu& shown) { texts = chooseFrom(shown, command); });
     emit tree.customContextMenuRequested(tree.visualRect(found.front()).center());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return menu.acted() && question->acted(); }, 60000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return menu.acted() && (!question || question->acted()); }, 60000));
     return texts;
   }
 
@@ -127,18 +146,7 @@ TEST_F(ScenarioEditorEndToEnd, RemoveDuplicatePointsFromTheEditorsTreeMenu)
   ASSERT_NE(nullptr, editor);
   EXPECT_TRUE(editor->isVisible());
   EXPECT_EQ("Qt Scenario Editor", editor->windowTitle());
-  // The entity tree's view; the point editor's table has the same name. The tree's class lives
-  // in the plug-in, so it is known here by its name only.
-  QWidget* composite = nullptr;
-  for (QWidget* child : editor->findChildren<QWidget*>())
-  {
-    // The window's own; the Make Stationary tab has another, of its name.
-    if (QString(child->metaObject()->className()) == "kelQt::EntityTreeComposite" &&
-        child->objectName() != "entityTreeComposite")
-      composite = child;
-  }
-  ASSERT_NE(nullptr, composite);
-  auto* tree = composite->findChild<QTreeView*>("treeView");
+  QTreeView* tree = editorTree(*editor);
   ASSERT_NE(nullptr, tree);
 
   const QStringList menu = chooseFromTreeMenu(*tree, "Remove Duplicate Points...");
@@ -290,13 +298,7 @@ TEST_F(ScenarioEditorEndToEnd, ABeamCategoryGenericTagAndTableCellEditedAppliedS
   }
   ASSERT_NE(nullptr, pointEditor);
   tabs->setCurrentWidget(pointEditor);
-  QTreeView* entities = nullptr;
-  for (QWidget* child : editor->findChildren<QWidget*>())
-  {
-    if (QString(child->metaObject()->className()) == "kelQt::EntityTreeComposite" &&
-        child->objectName() != "entityTreeComposite")
-      entities = child->findChild<QTreeView*>("treeView");
-  }
+  QTreeView* entities = editorTree(*editor);
   ASSERT_NE(nullptr, entities);
   auto* table = pointEditor->findChild<QTreeView*>("treeView");
   auto* types = pointEditor->findChild<QComboBox*>("typeComboBox");
@@ -528,4 +530,127 @@ TEST_F(ScenarioEditorEndToEnd, ManualMergeOfTheThreeVipersPreviewedOnTheGlobeThe
   EXPECT_EQ(0, ordered->topLevelItemCount());
   const auto listed = [browser] { return !browser->findItems("Viper 2_Merge", Qt::MatchExactly | Qt::MatchRecursive).isEmpty(); };
   EXPECT_TRUE(QTest::qWaitFor(listed, 10000)) << "the Data Browser lists the new platform";
+}
+
+namespace
+{
+
+// The pasting side of the test of two processes runs in a second process of these tests: this
+// variable names the file it saves its scenario to.
+const char* const PASTE_INTO = "SEP_PASTE_INTO";
+const char* const COPIED = "Eagle 1";
+
+std::string number(double value) { return QString::number(value, 'g', 17).toStdString(); }
+
+/**
+ * What a paste brings over of an entity and its children, as text: kind, name, the own points
+ * (a platform's each), categories, generic data, targets by name and tables, then the children
+ * in the order the payload carries them.
+ */
+void describeForPaste(const kelvor::ScenarioStore& store, UniqueID_t id, std::string& out)
+{
+  const kelvor::Entity* entity = store.entity(id);
+  if (!entity)
+    return;
+  out += std::to_string(entity->kind) + " \"" + kelvor::nameOfHeader(entity->header) + "\" " +
+         std::to_string(entity->pointCount()) + " points from " + number(entity->earliestTime()) + " to " +
+         number(entity->latestTime()) + "\n";
+  for (const auto& point : entity->platformPoints)
+    out += " " + number(point.time) + " " + number(point.lat) + " " + number(point.lon) + " " + number(point.alt) + "\n";
+  for (const auto& item : entity->categories)
+    out += " category " + number(item.time) + " " + item.name + "=" + item.value + "\n";
+  for (const auto& item : entity->generic)
+    out += " generic " + number(item.time) + " " + item.tag + "=" + item.value + "\n";
+  for (const auto& target : entity->targets)
+  {
+    const kelvor::Entity* aimed = store.entity(target.value);
+    out += " target " + number(target.time) + " " + (aimed ? kelvor::nameOfHeader(aimed->header) : "none") + "\n";
+  }
+  for (long tableId : entity->tables)
+  {
+    const kelvor::DataTable* table = store.table(tableId);
+    out += " table " + table->name() + " " + std::to_string(table->rows().size()) + " rows\n";
+  }
+  const std::vector<PIScenarioObjectType_t> order =
+    entity->kind == PI_PLATFORM_TYPE
+      ? std::vector<PIScenarioObjectType_t>{PI_CUSTOM_RENDERING_TYPE, PI_BEAM_TYPE, PI_LASER_TYPE, PI_LOB_GROUP_TYPE,
+                                            PI_PROJECTOR_TYPE}
+    : entity->kind == PI_BEAM_TYPE ? std::vector<PIScenarioObjectType_t>{PI_GATE_TYPE, PI_PROJECTOR_TYPE}
+                                   : std::vector<PIScenarioObjectType_t>{};
+  for (PIScenarioObjectType_t kind : order)
+  {
+    for (UniqueID_t child : entity->children)
+    {
+      if (store.entity(child) && store.entity(child)->kind == kind)
+        describeForPaste(store, child, out);
+    }
+  }
+}
+
+/// @return the platform of that name made last
+UniqueID_t lastPlatformNamed(const kelvor::ScenarioStore& store, const std::string& name)
+{
+  UniqueID_t last = 0;
+  for (UniqueID_t id : store.list(PI_PLATFORM_TYPE))
+  {
+    if (kelvor::nameOfHeader(store.entity(id)->header) == name)
+      last = std::max(last, id);
+  }
+  return last;
+}
+
+} // namespace
+
+// Two KELVOR Lite processes on one display: "Copy Entity" here, "Paste Entity" in the other,
+// which saves its scenario; the platform arrives there with its children, equal to this one.
+TEST_F(ScenarioEditorEndToEnd, CopyEntityInOneKelvorLiteAndPasteEntityInAnother)
+{
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  QTreeView* tree = editorTree(*editor);
+  ASSERT_NE(nullptr, tree);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !chooseFromTreeMenu(*tree, "Copy Entity", COPIED, false).isEmpty(); }, 30000));
+  ASSERT_TRUE(QApplication::clipboard()->mimeData()->hasFormat("application/asi.1.0"));
+
+  const QString saved = dir.filePath("pasted.kls");
+  QProcess other;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(PASTE_INTO, saved);
+  other.setProcessEnvironment(environment);
+  other.setProcessChannelMode(QProcess::MergedChannels);
+  other.start(QCoreApplication::applicationFilePath(),
+              {"--gtest_filter=ScenarioEditorEndToEnd.PasteSideOfTwoKelvorLites"});
+  // This process owns the clipboard: it answers the other's request while it waits.
+  ASSERT_TRUE(QTest::qWaitFor([&] { return other.state() == QProcess::NotRunning; }, 300000));
+  const QString output = QString::fromLocal8Bit(other.readAll());
+  ASSERT_EQ(0, other.exitCode()) << output.toStdString();
+  ASSERT_TRUE(output.contains("[  PASSED  ] 1 test")) << output.toStdString();
+
+  kelvor::ScenarioStore pasted;
+  ASSERT_TRUE(kelvor::ScenarioReader(pasted).readFile(saved.toStdString()).loaded);
+  std::string expected;
+  std::string actual;
+  describeForPaste(host->store(), host->store().findPlatform(COPIED), expected);
+  describeForPaste(pasted, lastPlatformNamed(pasted, COPIED), actual);
+  EXPECT_NE(host->store().findPlatform(COPIED), lastPlatformNamed(pasted, COPIED)) << "a new entity";
+  EXPECT_GT(std::count(expected.begin(), expected.end(), '\n'), 20);
+  EXPECT_EQ(expected, actual);
+}
+
+// The other process of the test above: pastes what the clipboard holds and saves.
+TEST_F(ScenarioEditorEndToEnd, PasteSideOfTwoKelvorLites)
+{
+  const QString target = qEnvironmentVariable(PASTE_INTO);
+  if (target.isEmpty())
+    GTEST_SKIP() << "runs only as the second process of CopyEntityInOneKelvorLiteAndPasteEntityInAnother";
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  QTreeView* tree = editorTree(*editor);
+  ASSERT_NE(nullptr, tree);
+  const std::size_t before = host->store().list(PI_ALL_TYPES).size();
+  QStringList menu;
+  ASSERT_TRUE(QTest::qWaitFor([&] { menu = chooseFromTreeMenu(*tree, "Paste Entity", TRACK, false); return !menu.isEmpty(); }, 30000));
+  ASSERT_TRUE(menu.contains("Paste Entity")) << menu.join(", ").toStdString();
+  EXPECT_GT(host->store().list(PI_ALL_TYPES).size(), before + 4);
+  ASSERT_TRUE(host->window().saveAs(target));
 }
