@@ -1,6 +1,5 @@
-// Any bytes given as an entity payload are pasted or stopped with a reason, never a crash, and
-// never cost more memory than their own size: the reader walks the whole grammar into a target
-// that keeps what it is given in memory.
+// Any bytes given as an entity payload are pasted or stopped with a reason, never a crash: the
+// reader walks the whole grammar into a target that accepts it in memory.
 #include "exchange/EntityPayloadReader.h"
 #include "exchange/PasteTarget.h"
 #include "exchange/PayloadStream.h"

@@ -1,5 +1,7 @@
 #include "actions/CopyAction.h"
 
+#include "host/Notify.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
@@ -20,6 +22,8 @@ int CopyAction::run_()
     clipboard->setMimeData(mime);
   else
     clipboard->clear();
+  if (!exchange_.copyError().empty())
+    PICommon::Notify(PICommon::NOTIFY_WARN) << "Copy Entity: " << exchange_.copyError();
   return 0;
 }
 

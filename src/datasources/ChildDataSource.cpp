@@ -24,6 +24,7 @@ namespace
 {
 
 constexpr double TOLERANCE = 1e-6;
+constexpr int MOST_STIPPLE = 0xFFFF;
 
 /// Reads a 16-bit line pattern: hexadecimal with "0x", else decimal. @return false when it is none
 bool parseStipple(const std::string& text, double& out)
@@ -271,7 +272,12 @@ int ChildDataSource::setCell_(Values& row, int cell, const ColumnSpec& spec, con
     if constexpr (TEXT)
       status = setStipple_(input, number, valid);
     else
-      into(0, [&](int& v) { return setInteger_(input, v, valid, dirty_); });
+      into(0, [&](int& v) {
+        // A line pattern has sixteen bits; a pasted one beyond them is refused, as typed text is.
+        const bool fits = !input.isValid() || (input.userType() == QMetaType::Int && input.toInt() >= 0 &&
+                                               input.toInt() <= MOST_STIPPLE);
+        return fits ? setInteger_(input, v, valid, dirty_) : 1;
+      });
     break;
   default:
     if constexpr (TEXT)

@@ -110,6 +110,13 @@ int DataSource::setInteger_(const std::string& text, int& out, bool& valid, bool
 
 const char* const DataSource::NO_TARGET_TEXT = "None";
 
+namespace
+{
+
+constexpr qulonglong MOST_EXACT_ID = 1ULL << 53;
+
+} // namespace
+
 int DataSource::setTarget_(const std::string& text, unsigned long& out, bool& valid, bool& dirty) const
 {
   if (clearedByEmptyText(text, valid, dirty))
@@ -150,6 +157,9 @@ int DataSource::setTime_(const QVariant& value, bool allowStatic, double& out, b
   if (value.userType() != QMetaType::Double)
     return 1;
   const double time = value.toDouble();
+  // A time that is no number would break the order of the host's series.
+  if (!std::isfinite(time))
+    return 1;
   if (time < 0.0)
   {
     if (!allowStatic)
@@ -185,6 +195,9 @@ int DataSource::setInteger_(const QVariant& value, int& out, bool& valid, bool& 
 int DataSource::setTarget_(const QVariant& value, unsigned long& out, bool& valid, bool& dirty) const
 {
   qulonglong target = 0;
+  // Ids are kept beside the other cells as doubles, exact to 2^53; no host numbers past that.
+  if (value.userType() == QMetaType::ULongLong && value.toULongLong() > MOST_EXACT_ID)
+    return 1;
   const int status = setTyped(value, QMetaType::ULongLong, target, valid, dirty);
   if (status == 0 && valid)
     out = static_cast<unsigned long>(target);

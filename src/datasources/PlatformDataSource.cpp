@@ -343,7 +343,12 @@ int PlatformDataSource::setRaw_(Fix& point, int column, double value) const
   // A raw value is in the stored form, whatever the display; the entity's flag stays as it is.
   switch (column)
   {
-  case TIME: point.time = value; break;
+  case TIME:
+    // A time that is no number would break the order of the host's series.
+    if (!std::isfinite(value))
+      return 1;
+    point.time = value;
+    break;
   case POSITION_0:
   case POSITION_1:
   case POSITION_2: component(point.position, column - POSITION_0) = value; break;

@@ -17,6 +17,8 @@
 #include <QDataStream>
 #include <QMimeData>
 
+#include <new>
+
 #include <unistd.h>
 
 namespace QtSep
@@ -92,11 +94,12 @@ bool EntityMimeData::isValidCopy(const std::vector<EntityInfo>& entities) const
 
 QMimeData* EntityMimeData::copy(const std::vector<EntityInfo>& entities) const
 {
+  copyError_.clear();
   bool childCopy = false;
   if (!isValidCopy_(entities, childCopy))
     return nullptr;
-  auto* mime = new QMimeData;
   QByteArray bytes;
+  try
   {
     QDataStream out(&bytes, QIODevice::WriteOnly);
     put(out, QVariant(static_cast<qulonglong>(thisProcess())));
@@ -117,7 +120,18 @@ QMimeData* EntityMimeData::copy(const std::vector<EntityInfo>& entities) const
           writeCustomRendering_(out, entity.id);
       }
     }
+    // A byte array holds at most 2 GiB: past that the stream stops writing, and a cut payload
+    // must not reach the clipboard.
+    if (out.status() != QDataStream::Ok)
+      copyError_ = "the entities are too large for the clipboard";
   }
+  catch (const std::bad_alloc&)
+  {
+    copyError_ = "there is not memory enough for a copy of the entities";
+  }
+  if (!copyError_.empty())
+    return nullptr;
+  auto* mime = new QMimeData;
   mime->setData(CP_VERSION, bytes);
   return mime;
 }

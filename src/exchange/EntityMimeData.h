@@ -32,7 +32,10 @@ public:
 
   /// @return true when the entities can be copied: platforms and custom renderings of their own, or one child
   bool isValidCopy(const std::vector<EntityInfo>& entities) const;
-  /// @return the payload of the entities, owned by the caller; null when isValidCopy is false
+  /**
+   * @return the payload of the entities, owned by the caller; null when isValidCopy is false,
+   * or when the payload could not be made whole (copyError() then says why)
+   */
   QMimeData* copy(const std::vector<EntityInfo>& entities) const;
   /**
    * @param targets what the paste was asked on: a child needs one target of a kind that can hold it
@@ -49,6 +52,8 @@ public:
   /// @return true when mime's payload was written by this process (or its process id cannot be read)
   bool isLocalData(const QMimeData* mime) const;
 
+  /// @return why the last copy made no payload of entities it could copy; empty when it made one
+  const std::string& copyError() const { return copyError_; }
   /// @return why the last paste stopped short; empty when it went through
   const std::string& pasteError() const { return pasteError_; }
   /// @return the entities the last paste made, in the order made
@@ -71,6 +76,7 @@ private:
   void writeSource_(QDataStream& out, const DataSource& source) const;
   void writeDataTables_(QDataStream& out, unsigned long id) const;
 
+  mutable std::string copyError_;
   std::string pasteError_;
   std::vector<unsigned long> pastedIds_;
 };

@@ -91,6 +91,7 @@ void HostPasteTarget::openTable(unsigned long id, Table table)
   if (table == Table::OWN)
   {
     // Fresh default units for each entity: rows travel in storage units, positions in LLA.
+    formatter_.reset();
     units_ = std::make_unique<kelCore::UnitContextAdapter>();
     formatter_ = std::make_unique<kelCore::UnitContextFormatter>(*units_);
     open_ = std::make_unique<EntityDataSourceProxy>(*formatter_, *units_);

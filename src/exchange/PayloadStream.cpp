@@ -81,15 +81,13 @@ bool PayloadStream::readValue_(QVariant& value, int depth)
   std::uint64_t nullFlag = 0;
   if (!readNumber_(4, type) || !readNumber_(1, nullFlag))
     return false;
+  if (nullFlag > 1)
+    return fail_("a field's null flag is " + std::to_string(nullFlag));
   if (type == TYPE_INVALID)
   {
-    if (nullFlag != 1)
-      return fail_("an empty cell is not marked null");
     value = QVariant();
     return true;
   }
-  if (nullFlag > 1)
-    return fail_("a field's null flag is " + std::to_string(nullFlag));
   return readTyped_(value, static_cast<int>(type), depth);
 }
 
@@ -149,6 +147,8 @@ bool PayloadStream::readList_(QVariant& value, int depth)
   // Each element takes at least a null cell's bytes: a count beyond that is a lie.
   if (static_cast<qint64>(count) > remaining_() / SMALLEST_FIELD)
     return fail_("a list of " + std::to_string(count) + " items in fewer bytes");
+  if (count > MOST_LIST_ITEMS)
+    return fail_("a list of " + std::to_string(count) + " items, where cells hold two");
   QVariantList items;
   items.reserve(static_cast<int>(count));
   for (std::uint64_t i = 0; i < count; ++i)

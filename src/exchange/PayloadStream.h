@@ -16,12 +16,14 @@ namespace QtSep
  *
  * The payload comes from the clipboard or a drop, that is from any program, so nothing in it is
  * trusted: only the value types the payload uses are read (bool, int, unsigned int, 64-bit
- * integers, double, text, byte arrays and lists of these), every count is checked against the
- * bytes that remain before anything is allocated, and lists nest at most a few levels deep.
+ * integers, double, text, byte arrays and short lists of these), every count is checked against
+ * the bytes that remain before anything is allocated, and lists are short and nest at most a
+ * few levels deep.
  * A read that fails leaves the stream failed: every later read fails too, and error() says
  * what was wrong and at which byte.
  *
- * Reading never allocates more than the payload's own size, and costs linear time in it.
+ * Reading allocates at most a few times the size of the field it reads, and costs linear time
+ * in the payload.
  */
 class PayloadStream
 {
@@ -55,6 +57,8 @@ public:
 
   /// The deepest nesting of lists read; the format itself uses one level.
   static constexpr int MOST_LIST_DEPTH = 4;
+  /// The longest list read; the format's lists hold two forms of one cell.
+  static constexpr int MOST_LIST_ITEMS = 16;
 
 private:
   bool readValue_(QVariant& value, int depth);

@@ -36,11 +36,17 @@ QMimeData* DndEntityTreeModel::mimeData(const QModelIndexList& indexes) const
   std::vector<QtSep::EntityInfo> entities;
   for (const QModelIndex& index : indexes)
   {
+    // The scenario's row gives id 0, which no copy takes: a drag that holds it carries nothing.
     const unsigned long id = uniqueId(index);
-    if (id != 0 && seen.insert(id).second)
+    if (seen.insert(id).second)
       entities.push_back(QtSep::EntityInfo{id, QtSep::getEntityType(id), QtSep::getEntityName(id)});
   }
-  return entities.empty() ? nullptr : exchange_.copy(entities);
+  if (entities.empty())
+    return nullptr;
+  QMimeData* mime = exchange_.copy(entities);
+  if (!exchange_.copyError().empty())
+    PICommon::Notify(PICommon::NOTIFY_WARN) << "Drag of entities: " << exchange_.copyError();
+  return mime;
 }
 
 unsigned long DndEntityTreeModel::dropTarget_(int row, const QModelIndex& parent) const

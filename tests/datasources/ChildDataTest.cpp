@@ -218,6 +218,8 @@ TEST_F(ChildData, ALasersSixSeriesAndALobsStylesSurviveAnApply)
   ASSERT_EQ(1, model.rowCount());
   EXPECT_EQ("0xFF00", shown(0, 6));
   EXPECT_FALSE(type(0, 6, "0x10000")) << "more than sixteen bits";
+  EXPECT_NE(0, lobs.setData(0, 6, QVariant(0x10000))) << "a pasted pattern of more than sixteen bits";
+  EXPECT_NE(0, lobs.setData(0, 6, QVariant(-1)));
   ASSERT_TRUE(type(0, 6, "0x0F0F"));
   ASSERT_TRUE(type(0, 8, "3"));
   EXPECT_TRUE(lobs.canDeleteRow()) << "a LOB group may lose its last row";

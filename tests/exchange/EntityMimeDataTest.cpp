@@ -22,6 +22,7 @@
 #include <QDataStream>
 #include <QMimeData>
 
+#include <cmath>
 #include <memory>
 #include <unistd.h>
 
@@ -460,6 +461,10 @@ TEST_F(EntityExchange, HostilePayloadsPasteNothingMoreAndSayWhy)
     {"a cell of three forms", withFields({QString(CP_PLATFORM), QString("P"), QString("icon"), QVariant(qulonglong(1)),
                                           QVariant(1), QVariant(1), QVariantList{1.0, 2.0, 3.0}, QString("x")}),
      "3 forms"},
+    {"a time that is no number", withFields({QString(CP_PLATFORM), QString("P"), QString("icon"),
+                                              QVariant(qulonglong(1)), QVariant(1), QVariant(13),
+                                              QVariant(std::nan("")), QString(CP_CATEGORY_DATA)}),
+     "platform \"P\", its data: row 1, column 1"},
     {"rows promised and not given", withFields({QString(CP_PLATFORM), QString("P"), QString("icon"),
                                                 QVariant(qulonglong(1)), QVariant(2000000000), QVariant(13)}),
      "ends"},
