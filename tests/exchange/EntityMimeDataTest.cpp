@@ -1,6 +1,8 @@
 // Whole entities through the clipboard's payload: what a copy writes, what a paste makes, and
 // what a broken or hostile payload does (nothing worse than stopping).
 #include "exchange/EntityMimeData.h"
+#include "exchange/EntityPayloadReader.h"
+#include "exchange/PasteTarget.h"
 #include "exchange/PayloadStream.h"
 #include "host/PIDataCategories.h"
 #include "host/PIDataClock.h"
@@ -18,6 +20,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QBuffer>
 #include <QClipboard>
 #include <QDataStream>
 #include <QMimeData>
@@ -389,6 +392,50 @@ TEST_F(EntityExchange, WhatMayBeCopiedTogetherAndWhereAChildMayBePasted)
   EXPECT_DOUBLE_EQ(0.5, points.front().centroid);
 }
 
+namespace
+{
+
+/// The offsets where each field of a payload starts, as Qt's own reader finds them, and its end.
+std::vector<int> fieldStarts(const QByteArray& bytes)
+{
+  QBuffer buffer;
+  buffer.setData(bytes);
+  buffer.open(QIODevice::ReadOnly);
+  QDataStream in(&buffer);
+  std::vector<int> starts;
+  while (!in.atEnd())
+  {
+    starts.push_back(static_cast<int>(buffer.pos()));
+    QVariant field;
+    in >> field;
+  }
+  starts.push_back(static_cast<int>(buffer.pos()));
+  return starts;
+}
+
+/// Keeps a paste in memory: counts what is made and what is committed.
+class CountingTarget : public PasteTarget
+{
+public:
+  unsigned long createPlatform(const PIData::PIPlatformHeader&) override { return ++made; }
+  unsigned long createBeam(unsigned long, const PIData::PIBeamHeader&) override { return ++made; }
+  unsigned long createGate(unsigned long, const PIData::PIGateHeader&) override { return ++made; }
+  unsigned long createLaser(unsigned long, const PIData::PILaserHeader&) override { return ++made; }
+  unsigned long createLob(unsigned long, const PIData::PILobHeader&) override { return ++made; }
+  unsigned long createProjector(unsigned long, const PIData::PIProjectorHeader&) override { return ++made; }
+  unsigned long createCustomRendering(unsigned long, const PIData::PICustomRenderingHeader&) override { return ++made; }
+  void openTable(unsigned long, Table) override {}
+  bool openDataTable(unsigned long, const std::string&, const std::vector<Column>&) override { return true; }
+  void addRow(int) override {}
+  int setCell(int, int, const QVariant&) override { return 0; }
+  void commit() override { ++commits; }
+
+  unsigned long made = 0;
+  int commits = 0;
+};
+
+} // namespace
+
 TEST_F(EntityExchange, APayloadCutAtAnyByteStopsCleanlyAndKeepsWhatWasMade)
 {
   PIData::initializeScenario();
@@ -402,25 +449,50 @@ TEST_F(EntityExchange, APayloadCutAtAnyByteStopsCleanlyAndKeepsWhatWasMade)
   // and child flag (19 bytes), or of the first platform.
   const std::map<int, std::size_t> wholeAt{{19, 0u}, {firstOnly->data(CP_VERSION).size(), 3u}};
 
+  // The reader, cut at every byte: only the whole payloads read to their end.
   for (int length = 0; length < bytes.size(); ++length)
   {
-    PIData::initializeScenario();
-    const auto cut = payloadOf(bytes.left(length));
-    const int status = exchange.paste({}, cut.get());
-    if (wholeAt.count(length))
+    PayloadStream in(bytes.left(length));
+    unsigned long process = 0;
+    bool child = false;
+    if (!in.readUnsignedLong(process) || !in.readBool(child))
     {
-      EXPECT_EQ(0, status);
-      EXPECT_EQ(wholeAt.at(length), exchange.pastedIds().size());
+      EXPECT_LT(length, 19);
+      continue;
     }
-    else
+    CountingTarget target;
+    EntityPayloadReader reader(in, target, false);
+    const int status = reader.pasteTopLevel();
+    EXPECT_EQ(wholeAt.count(length) ? 0 : 1, status) << "cut at " << length;
+    EXPECT_EQ(status != 0, !reader.reason().empty()) << "cut at " << length;
+    EXPECT_LE(target.made, 6u);
+  }
+
+  // Pasted into the host at the start of every field and inside it: what was made stays, and
+  // the scenario holds together.
+  for (int start : fieldStarts(bytes))
+  {
+    for (int length : {start, start + 1})
     {
-      ASSERT_EQ(1, status) << "cut at " << length;
-      // Entities made before the cut stay, each complete in its kind.
-      EXPECT_LE(exchange.pastedIds().size(), 6u);
-      EXPECT_TRUE(length == 0 || !exchange.pasteError().empty()) << "cut at " << length;
+      if (length >= bytes.size())
+        continue;
+      PIData::initializeScenario();
+      const auto cut = payloadOf(bytes.left(length));
+      const int status = exchange.paste({}, cut.get());
+      if (wholeAt.count(length))
+      {
+        EXPECT_EQ(0, status);
+        EXPECT_EQ(wholeAt.at(length), exchange.pastedIds().size());
+      }
+      else
+      {
+        ASSERT_EQ(1, status) << "cut at " << length;
+        EXPECT_LE(exchange.pastedIds().size(), 6u);
+        EXPECT_TRUE(length == 0 || !exchange.pasteError().empty()) << "cut at " << length;
+      }
+      const auto wrong = ScenarioChecks::inconsistencies(store);
+      ASSERT_TRUE(wrong.empty()) << "cut at " << length << ": " << wrong.front();
     }
-    const auto wrong = ScenarioChecks::inconsistencies(store);
-    ASSERT_TRUE(wrong.empty()) << "cut at " << length << ": " << wrong.front();
   }
 }
 
