@@ -48,6 +48,11 @@ int EntityPayloadReader::streamFailed_()
   return fail_(stream_.failed() ? stream_.error() : std::string("the payload is not well formed"));
 }
 
+void EntityPayloadReader::naming_(const char* kind, const std::string& name)
+{
+  entity_ = std::string(kind) + " \"" + name + "\"";
+}
+
 int EntityPayloadReader::expectMarker_(const char* marker)
 {
   return stream_.readMarker(marker) ? 0 : streamFailed_();
@@ -124,14 +129,10 @@ int EntityPayloadReader::pasteChildren_(unsigned long host, ChildKinds allowed)
 
 int EntityPayloadReader::pastePlatform_()
 {
-  QString name;
-  QString icon;
   PIData::PIPlatformHeader header;
-  if (!stream_.readText(name) || !stream_.readText(icon) || !stream_.readUnsignedLong(header.originalId))
+  if (!stream_.readUtf8(header.name) || !stream_.readUtf8(header.iconFile) || !stream_.readUnsignedLong(header.originalId))
     return streamFailed_();
-  header.name = utf8(name);
-  header.iconFile = utf8(icon);
-  entity_ = "platform \"" + header.name + "\"";
+  naming_("platform", header.name);
   const unsigned long id = target_.createPlatform(header);
   if (pasteEntity_(id) != 0)
     return 1;
@@ -140,15 +141,13 @@ int EntityPayloadReader::pastePlatform_()
 
 int EntityPayloadReader::pasteBeam_(unsigned long host)
 {
-  QString name;
   PIData::PIBeamHeader header;
-  if (!stream_.readText(name) || !stream_.readUnsignedLong(header.originalId) || !stream_.readInt(header.beamType) ||
+  if (!stream_.readUtf8(header.name) || !stream_.readUnsignedLong(header.originalId) || !stream_.readInt(header.beamType) ||
       !stream_.readDouble(header.horizontalBeamWidth) || !stream_.readDouble(header.verticalBeamWidth) ||
       !stream_.readDouble(header.azimuthOffset) || !stream_.readDouble(header.elevationOffset) ||
       !stream_.readBool(header.flag) || !stream_.readUnsignedLong(header.targetId))
     return streamFailed_();
-  header.name = utf8(name);
-  entity_ = "beam \"" + header.name + "\"";
+  naming_("beam", header.name);
   const unsigned long id = target_.createBeam(host, header);
   if (pasteEntity_(id) != 0)
     return 1;
@@ -157,61 +156,49 @@ int EntityPayloadReader::pasteBeam_(unsigned long host)
 
 int EntityPayloadReader::pasteGate_(unsigned long host)
 {
-  QString name;
   PIData::PIGateHeader header;
-  if (!stream_.readText(name) || !stream_.readUnsignedLong(header.originalId) || !stream_.readInt(header.gateType))
+  if (!stream_.readUtf8(header.name) || !stream_.readUnsignedLong(header.originalId) || !stream_.readInt(header.gateType))
     return streamFailed_();
-  header.name = utf8(name);
-  entity_ = "gate \"" + header.name + "\"";
+  naming_("gate", header.name);
   return pasteEntity_(target_.createGate(host, header));
 }
 
 int EntityPayloadReader::pasteLaser_(unsigned long host)
 {
-  QString name;
   int system = 0;
   PIData::PILaserHeader header;
-  if (!stream_.readText(name) || !stream_.readBool(header.relative) || !stream_.readInt(system) ||
+  if (!stream_.readUtf8(header.name) || !stream_.readBool(header.relative) || !stream_.readInt(system) ||
       !stream_.readUnsignedLong(header.originalId))
     return streamFailed_();
-  header.name = utf8(name);
   header.frame.coordinateSystem = static_cast<PICoordSystem_t>(system);
-  entity_ = "laser \"" + header.name + "\"";
+  naming_("laser", header.name);
   return pasteEntity_(target_.createLaser(host, header));
 }
 
 int EntityPayloadReader::pasteLob_(unsigned long host)
 {
-  QString name;
   PIData::PILobHeader header;
-  if (!stream_.readText(name) || !stream_.readUnsignedLong(header.originalId) || !stream_.readInt(header.lobType))
+  if (!stream_.readUtf8(header.name) || !stream_.readUnsignedLong(header.originalId) || !stream_.readInt(header.lobType))
     return streamFailed_();
-  header.name = utf8(name);
-  entity_ = "LOB group \"" + header.name + "\"";
+  naming_("LOB group", header.name);
   return pasteEntity_(target_.createLob(host, header));
 }
 
 int EntityPayloadReader::pasteProjector_(unsigned long host)
 {
-  QString name;
   PIData::PIProjectorHeader header;
-  if (!stream_.readText(name) || !stream_.readUnsignedLong(header.originalId))
+  if (!stream_.readUtf8(header.name) || !stream_.readUnsignedLong(header.originalId))
     return streamFailed_();
-  header.name = utf8(name);
-  entity_ = "projector \"" + header.name + "\"";
+  naming_("projector", header.name);
   return pasteEntity_(target_.createProjector(host, header));
 }
 
 int EntityPayloadReader::pasteCustomRendering_(unsigned long host)
 {
-  QString name;
-  QString renderer;
   PIData::PICustomRenderingHeader header;
-  if (!stream_.readText(name) || !stream_.readText(renderer) || !stream_.readUnsignedLong(header.originalId))
+  if (!stream_.readUtf8(header.name) || !stream_.readUtf8(header.renderer) || !stream_.readUnsignedLong(header.originalId))
     return streamFailed_();
-  header.name = utf8(name);
-  header.renderer = utf8(renderer);
-  entity_ = "custom rendering \"" + header.name + "\"";
+  naming_("custom rendering", header.name);
   return pasteEntity_(target_.createCustomRendering(host, header));
 }
 
@@ -304,31 +291,33 @@ int EntityPayloadReader::skipDataSource_()
 
 int EntityPayloadReader::pasteTable_(unsigned long id)
 {
-  QString name;
+  std::string name;
   unsigned long count = 0;
-  if (!stream_.readText(name) || expectMarker_(CP_COLUMNS) != 0 || !stream_.readUnsignedLong(count))
+  if (!stream_.readUtf8(name) || expectMarker_(CP_COLUMNS) != 0 || !stream_.readUnsignedLong(count))
     return streamFailed_();
   std::vector<PasteTarget::Column> columns;
   for (unsigned long i = 0; i < count; ++i)
   {
-    QString columnName;
+    PasteTarget::Column column;
     int type = 0;
     int units = 0;
-    if (!stream_.readText(columnName) || !stream_.readInt(type) || !stream_.readInt(units))
+    if (!stream_.readUtf8(column.name) || !stream_.readInt(type) || !stream_.readInt(units))
       return streamFailed_();
     if (type < UTILS::VT_UNKNOWN || type > MOST_COLUMN_TYPE)
       return fail_("a table column of storage type " + std::to_string(type));
+    column.type = static_cast<UTILS::VariableType_t>(type);
+    column.units = static_cast<UTILS::UnitType_t>(units);
     // The first column is the table's time, which every table has of itself.
     if (i > 0)
-      columns.push_back({utf8(columnName), static_cast<UTILS::VariableType_t>(type), static_cast<UTILS::UnitType_t>(units)});
+      columns.push_back(column);
   }
   if (expectMarker_(CP_DEFINITION_END) != 0)
     return 1;
   if (columns.empty())
     return skipDataSource_();
-  table_ = "its data table \"" + utf8(name.left(64)) + "\"";
-  if (!target_.openDataTable(id, utf8(name), columns))
-    return fail_("the host could not make the data table \"" + utf8(name.left(64)) + "\"");
+  table_ = "its data table \"" + name.substr(0, 64) + "\"";
+  if (!target_.openDataTable(id, name, columns))
+    return fail_("the host could not make " + table_.substr(4));
   return pasteDataSource_();
 }
 

@@ -69,6 +69,8 @@ private:
   int pasteTable_(unsigned long id);
   /// Reads the marker that must come next. @return 0, or 1 when another field is there
   int expectMarker_(const char* marker);
+  /// Names the entity being read, for the reason a paste stops.
+  void naming_(const char* kind, const std::string& name);
   /// Records why the paste stops. @return 1
   int fail_(const std::string& reason);
   /// @return the stream's own reason, or fallback when the stream read well

@@ -213,48 +213,39 @@ bool PayloadStream::readExpected_(int type, QVariant& value)
   return true;
 }
 
-bool PayloadStream::readText(QString& value)
+template <typename T>
+bool PayloadStream::readAs_(int type, T& value)
 {
   QVariant field;
-  if (!readExpected_(TYPE_STRING, field))
+  if (!readExpected_(type, field))
     return false;
-  value = field.toString();
+  value = qvariant_cast<T>(field);
   return true;
 }
 
-bool PayloadStream::readInt(int& value)
+bool PayloadStream::readText(QString& value) { return readAs_(TYPE_STRING, value); }
+
+bool PayloadStream::readUtf8(std::string& value)
 {
-  QVariant field;
-  if (!readExpected_(TYPE_INT, field))
+  QString text;
+  if (!readText(text))
     return false;
-  value = field.toInt();
+  value = text.toUtf8().toStdString();
   return true;
 }
 
-bool PayloadStream::readBool(bool& value)
-{
-  QVariant field;
-  if (!readExpected_(TYPE_BOOL, field))
-    return false;
-  value = field.toBool();
-  return true;
-}
+bool PayloadStream::readInt(int& value) { return readAs_(TYPE_INT, value); }
 
-bool PayloadStream::readDouble(double& value)
-{
-  QVariant field;
-  if (!readExpected_(TYPE_DOUBLE, field))
-    return false;
-  value = field.toDouble();
-  return true;
-}
+bool PayloadStream::readBool(bool& value) { return readAs_(TYPE_BOOL, value); }
+
+bool PayloadStream::readDouble(double& value) { return readAs_(TYPE_DOUBLE, value); }
 
 bool PayloadStream::readUnsignedLong(unsigned long& value)
 {
-  QVariant field;
-  if (!readExpected_(TYPE_ULONGLONG, field))
+  qulonglong id = 0;
+  if (!readAs_(TYPE_ULONGLONG, id))
     return false;
-  value = static_cast<unsigned long>(field.toULongLong());
+  value = static_cast<unsigned long>(id);
   return true;
 }
 

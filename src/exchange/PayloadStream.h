@@ -47,6 +47,8 @@ public:
 
   /// Reads a field that must be of this type. @return false for another type or a failed read
   bool readText(QString& value);
+  /// Reads a text field into UTF-8.
+  bool readUtf8(std::string& value);
   bool readInt(int& value);
   bool readBool(bool& value);
   bool readDouble(double& value);
@@ -69,6 +71,9 @@ private:
   /// Reads count bytes big-endian into an unsigned number.
   bool readNumber_(int count, std::uint64_t& number);
   bool readExpected_(int type, QVariant& value);
+  /// Reads a field of the type, converted to T.
+  template <typename T>
+  bool readAs_(int type, T& value);
   /// Marks the stream failed with reason; always false, for `return fail_(...)`.
   bool fail_(const std::string& reason);
   qint64 remaining_() const { return bytes_.size() - pos_; }
