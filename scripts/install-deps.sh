@@ -11,6 +11,7 @@ packages=(
   marble-plugins   # reads the vector coasts, borders and places that the Atlas and Plain themes draw
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth
+  xdotool          # moves the pointer from one window to another in the test of a drag between two processes
   clang libclang-rt-14-dev
 )
 

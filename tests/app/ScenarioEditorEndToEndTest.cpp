@@ -22,9 +22,11 @@
 #include <QDialog>
 #include <QDir>
 #include <QDockWidget>
+#include <QDrag>
 #include <QLabel>
 #include <QMenu>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QTest>
 #include <QTreeView>
 #include <QTreeWidget>
@@ -35,6 +37,7 @@
 #include <marble/MarbleWidget.h>
 
 #include <cmath>
+#include <iostream>
 #include <set>
 
 #include <gtest/gtest.h>
@@ -652,5 +655,148 @@ TEST_F(ScenarioEditorEndToEnd, PasteSideOfTwoKelvorLites)
   ASSERT_TRUE(QTest::qWaitFor([&] { menu = chooseFromTreeMenu(*tree, "Paste Entity", TRACK, false); return !menu.isEmpty(); }, 30000));
   ASSERT_TRUE(menu.contains("Paste Entity")) << menu.join(", ").toStdString();
   EXPECT_GT(host->store().list(PI_ALL_TYPES).size(), before + 4);
+  ASSERT_TRUE(host->window().saveAs(target));
+}
+
+namespace
+{
+
+const char* const DROP_INTO = "SEP_DROP_INTO";
+
+/// Tells the test's other process, on its output, once a drag moves over a widget.
+class DragWatcher : public QObject
+{
+public:
+  bool eventFilter(QObject*, QEvent* event) override
+  {
+    if (event->type() == QEvent::DragMove && !told_)
+    {
+      std::cout << "DRAG OVER" << std::endl;
+      told_ = true;
+    }
+    return false;
+  }
+
+private:
+  bool told_ = false;
+};
+
+/// @return the point on screen at the middle of the row of that name in the tree; (-1, -1) while it is not shown
+QPoint rowOnScreen(QTreeView& tree, const QString& name)
+{
+  const QModelIndexList found = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, name, 1,
+                                                    Qt::MatchExactly | Qt::MatchRecursive);
+  if (found.isEmpty())
+    return {-1, -1};
+  tree.scrollTo(found.front());
+  return tree.viewport()->mapToGlobal(tree.visualRect(found.front()).center());
+}
+
+} // namespace
+
+// Two KELVOR Lite processes side by side on one display: a platform dragged with the pointer
+// from the editor's tree of this one drops on the other's tree, which then holds a copy of it
+// with its children.
+TEST_F(ScenarioEditorEndToEnd, ADragFromOneKelvorLiteDropsIntoAnother)
+{
+  host->window().setGeometry(0, 0, 790, 960);
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  QTreeView* tree = editorTree(*editor);
+  ASSERT_NE(nullptr, tree);
+  QPoint from;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return (from = rowOnScreen(*tree, COPIED)).x() >= 0; }, 30000));
+
+  const QString saved = dir.filePath("dropped.kls");
+  QProcess other;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(DROP_INTO, saved);
+  other.setProcessEnvironment(environment);
+  QString output;
+  QPoint to(-1, -1);
+  bool over = false;
+  QObject::connect(&other, &QProcess::readyReadStandardOutput, [&] {
+    output += QString::fromLocal8Bit(other.readAllStandardOutput());
+    for (const QString& line : output.split('\n'))
+    {
+      const QStringList words = line.split(' ');
+      if (words.size() == 4 && words[0] == "DROP" && words[1] == "AT")
+        to = QPoint(words[2].toInt(), words[3].toInt());
+      over = over || line == "DRAG OVER";
+    }
+  });
+  other.start(QCoreApplication::applicationFilePath(), {"--gtest_filter=ScenarioEditorEndToEnd.DropSideOfTwoKelvorLites"});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return to.x() >= 0 || other.state() == QProcess::NotRunning; }, 120000));
+  ASSERT_GE(to.x(), 0) << output.toStdString();
+
+  // The pointer's moves, each once the one before has shown: press on the row here and move
+  // until the drag starts, over the other's row until it sees the drag, then release. Moves
+  // repeat, a few pixels apart, until they show: the window system may fold quick moves into
+  // one. The drag runs its own event loop here, so a timer drives the steps.
+  QProcess pointer;
+  int step = 0;
+  int nudge = 0;
+  const auto moveNear = [&](const QPoint& point) {
+    const int dx = ++nudge % 2 ? 3 : -3;
+    pointer.start("xdotool", {"mousemove", QString::number(point.x() + dx), QString::number(point.y())});
+  };
+  QTimer driver;
+  QObject::connect(&driver, &QTimer::timeout, [&] {
+    if (pointer.state() != QProcess::NotRunning)
+      return;
+    const bool dragging = tree->findChild<QDrag*>() != nullptr;
+    if (step == 0)
+    {
+      pointer.start("xdotool", {"mousemove", QString::number(from.x()), QString::number(from.y()), "mousedown", "1"});
+      step = 1;
+    }
+    else if (step == 1 && !dragging)
+      moveNear(from + QPoint(30, 0));
+    else if (step == 1 || (step == 2 && !over))
+    {
+      moveNear(to);
+      step = 2;
+    }
+    else if (step == 2)
+    {
+      pointer.start("xdotool", {"mouseup", "1"});
+      step = 3;
+    }
+  });
+  driver.start(50);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return other.state() == QProcess::NotRunning; }, 300000)) << "step " << step;
+  driver.stop();
+  output += QString::fromLocal8Bit(other.readAll());
+  ASSERT_EQ(0, other.exitCode()) << output.toStdString();
+  ASSERT_TRUE(output.contains("[  PASSED  ] 1 test")) << output.toStdString();
+
+  kelvor::ScenarioStore dropped;
+  ASSERT_TRUE(kelvor::ScenarioReader(dropped).readFile(saved.toStdString()).loaded);
+  std::string expected;
+  std::string actual;
+  describeForPaste(host->store(), host->store().findPlatform(COPIED), expected);
+  describeForPaste(dropped, lastPlatformNamed(dropped, COPIED), actual);
+  EXPECT_EQ(expected, actual);
+  EXPECT_NE(0u, host->store().findPlatform(COPIED)) << "a drag between hosts copies";
+}
+
+// The other process of the test above: shows where to drop, and saves once the drop came.
+TEST_F(ScenarioEditorEndToEnd, DropSideOfTwoKelvorLites)
+{
+  const QString target = qEnvironmentVariable(DROP_INTO);
+  if (target.isEmpty())
+    GTEST_SKIP() << "runs only as the second process of ADragFromOneKelvorLiteDropsIntoAnother";
+  host->window().setGeometry(800, 0, 790, 960);
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  QTreeView* tree = editorTree(*editor);
+  ASSERT_NE(nullptr, tree);
+  DragWatcher watcher;
+  tree->viewport()->installEventFilter(&watcher);
+  QPoint at;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return (at = rowOnScreen(*tree, TRACK)).x() >= 0; }, 30000));
+  const std::size_t before = host->store().list(PI_ALL_TYPES).size();
+  std::cout << "DROP AT " << at.x() << " " << at.y() << std::endl;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return host->store().list(PI_ALL_TYPES).size() > before + 4; }, 120000));
   ASSERT_TRUE(host->window().saveAs(target));
 }
