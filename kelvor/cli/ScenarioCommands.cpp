@@ -14,6 +14,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <iterator>
+
 namespace kelvor::commands
 {
 
@@ -71,8 +73,12 @@ int makeStationary(CommandContext& context)
     return 1;
   // Made once the file is read: it looks at the points within the clock's span.
   QtSep::MakeStationary stationary;
-  for (std::size_t k = 0; k < deltas.size(); ++k)
-    (stationary.*CRITERIA[k].set)(deltas[k].first, deltas[k].second);
+  // readDeltas gives one delta for each criterion, in their order.
+  for (std::size_t k = 0; k < std::size(CRITERIA) && k < deltas.size(); ++k)
+  {
+    const auto set = CRITERIA[k].set;
+    (stationary.*set)(deltas[k].first, deltas[k].second);
+  }
   // Named platforms are converted as the command converts them; otherwise the tab's candidates.
   const bool named = args.has("--entity");
   std::vector<UniqueID_t> chosen;
