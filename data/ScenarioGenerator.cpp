@@ -66,7 +66,7 @@ void addCategory(Entity& e, double time, const std::string& name, const std::str
 void ScenarioGenerator::demo(ScenarioStore& store)
 {
   store.reset();
-  ScenarioProperties& p = store.properties();
+  ScenarioProperties& p = store.editProperties();
   p.initialized = true;
   p.referenceYear = 2024;
   p.latOrigin = ORIGIN_LAT;
@@ -78,7 +78,7 @@ void ScenarioGenerator::demo(ScenarioStore& store)
 
   // An aircraft with every kind of child, category and generic data, and a table.
   const UniqueID_t eagle = makePlatform(store, "Eagle 1", 101, "fighter.png");
-  Entity& e = *store.entity(eagle);
+  Entity& e = *store.editEntity(eagle);
   addCourse(e, 0.0, 600.0, 2.0, 35.0, -117.5, 6000.0, 220.0, 45.0);
   addGeneric(e, -1.0, "KELVOR_TrackColor", "0xFF4040FF");
   addGeneric(e, -1.0, "KELVOR_Callsign", "EAGLE01");
@@ -98,8 +98,8 @@ void ScenarioGenerator::demo(ScenarioStore& store)
   const UniqueID_t beam = store.createEntity(beamHeader, eagle);
   // The beam carries data after its host's track has ended.
   for (double t = 0.0; t <= 640.0; t += 20.0)
-    store.entity(beam)->beamPoints.insert(PIData::PIBeamPoint{(20.0 + t / 40.0) * DEG, -2.0 * DEG, 40000.0, t});
-  store.entity(beam)->beamPoints.insert(PIData::PIBeamPoint{10.0 * DEG, 0.0, 30000.0, 900.0});
+    store.editEntity(beam)->beamPoints.insert(PIData::PIBeamPoint{(20.0 + t / 40.0) * DEG, -2.0 * DEG, 40000.0, t});
+  store.editEntity(beam)->beamPoints.insert(PIData::PIBeamPoint{10.0 * DEG, 0.0, 30000.0, 900.0});
 
   PIData::PIGateHeader gateHeader;
   gateHeader.name = "Eagle Gate";
@@ -107,7 +107,7 @@ void ScenarioGenerator::demo(ScenarioStore& store)
   gateHeader.originalId = 103;
   const UniqueID_t gate = store.createEntity(gateHeader, beam);
   for (double t = 0.0; t <= 600.0; t += 30.0)
-    store.entity(gate)->gatePoints.insert(
+    store.editEntity(gate)->gatePoints.insert(
         PIData::PIGatePoint{20.0 * DEG, -2.0 * DEG, 2.0 * DEG, 2.0 * DEG, 10000.0, 12000.0, 11000.0, t});
 
   PIData::PILaserHeader laserHeader;
@@ -115,26 +115,26 @@ void ScenarioGenerator::demo(ScenarioStore& store)
   laserHeader.originalId = 104;
   const UniqueID_t laser = store.createEntity(laserHeader, eagle);
   for (double t = 100.0; t <= 200.0; t += 10.0)
-    store.entity(laser)->laserPoints.insert(PIData::PILaserPoint{30.0 * DEG, -10.0 * DEG, 0.0, t});
-  store.entity(laser)->laserMaxRange.insert({100.0, 15000.0});
-  store.entity(laser)->laserWidths.insert({100.0, 2});
+    store.editEntity(laser)->laserPoints.insert(PIData::PILaserPoint{30.0 * DEG, -10.0 * DEG, 0.0, t});
+  store.editEntity(laser)->laserMaxRange.insert({100.0, 15000.0});
+  store.editEntity(laser)->laserWidths.insert({100.0, 2});
 
   PIData::PILobHeader lobHeader;
   lobHeader.name = "Eagle Bearings";
   lobHeader.originalId = 105;
   const UniqueID_t lob = store.createEntity(lobHeader, eagle);
   for (double t = 0.0; t <= 600.0; t += 60.0)
-    store.entity(lob)->lobPoints.insert(PIData::PILobPoint{(90.0 + t / 20.0) * DEG, 0.0, 50000.0, t});
+    store.editEntity(lob)->lobPoints.insert(PIData::PILobPoint{(90.0 + t / 20.0) * DEG, 0.0, 50000.0, t});
   PIData::PILobDrawStyle style;
   style.time = 0.0;
-  store.entity(lob)->lobDrawStyles.insert(style);
+  store.editEntity(lob)->lobDrawStyles.insert(style);
 
   PIData::PIProjectorHeader projectorHeader;
   projectorHeader.name = "Eagle Camera";
   projectorHeader.originalId = 106;
   const UniqueID_t projector = store.createEntity(projectorHeader, eagle);
-  store.entity(projector)->projectorFov.insert(PIData::PIProjectorPoint{0.0, 30.0 * DEG});
-  store.entity(projector)->projectorOnOff.insert({0.0, 1});
+  store.editEntity(projector)->projectorFov.insert(PIData::PIProjectorPoint{0.0, 30.0 * DEG});
+  store.editEntity(projector)->projectorOnOff.insert({0.0, 1});
 
   PIData::PICustomRenderingHeader customHeader;
   customHeader.name = "Eagle Cone";
@@ -143,7 +143,7 @@ void ScenarioGenerator::demo(ScenarioStore& store)
   store.createEntity(customHeader, beam);
 
   const long table = store.addTable(eagle, "Fuel");
-  DataTable& fuel = *store.table(table);
+  DataTable& fuel = *store.editTable(table);
   const long kg = fuel.addColumn("Fuel (kg)", UTILS::VT_DOUBLE);
   const long state = fuel.addColumn("State", UTILS::VT_STRING);
   for (int i = 0; i <= 10; ++i)
@@ -159,13 +159,13 @@ void ScenarioGenerator::demo(ScenarioStore& store)
   UniqueID_t original = 200;
   for (int piece = 0; piece < 3; ++piece)
   {
-    Entity& v = *store.entity(makePlatform(store, "Viper 2", ++original, "fighter.png"));
+    Entity& v = *store.editEntity(makePlatform(store, "Viper 2", ++original, "fighter.png"));
     addCourse(v, piece * 200.0, piece * 200.0 + 150.0, 5.0, 35.05, -117.45, 4000.0, 180.0, 90.0);
     addCategory(v, -1.0, "Side", "Blue");
   }
 
   // A track with wild points: three samples far off the course.
-  Entity& wild = *store.entity(makePlatform(store, "Hawk 3", 301, "fighter.png"));
+  Entity& wild = *store.editEntity(makePlatform(store, "Hawk 3", 301, "fighter.png"));
   addCourse(wild, 0.0, 300.0, 3.0, 34.95, -117.55, 3000.0, 150.0, 10.0);
   for (double t : {60.0, 150.0, 240.0})
   {
@@ -176,7 +176,7 @@ void ScenarioGenerator::demo(ScenarioStore& store)
   }
 
   // A recorder that repeated itself: runs of duplicate points.
-  Entity& dup = *store.entity(makePlatform(store, "Tanker 4", 401, "tanker.png"));
+  Entity& dup = *store.editEntity(makePlatform(store, "Tanker 4", 401, "tanker.png"));
   for (int i = 0; i < 60; ++i)
   {
     // Every position is held for four samples before the next arrives.
@@ -186,36 +186,36 @@ void ScenarioGenerator::demo(ScenarioStore& store)
   }
 
   // Ships: one under way, one at anchor that never moves.
-  Entity& ship = *store.entity(makePlatform(store, "Frigate 5", 501, "ship.png"));
+  Entity& ship = *store.editEntity(makePlatform(store, "Frigate 5", 501, "ship.png"));
   addCourse(ship, 0.0, 600.0, 10.0, 34.8, -117.7, 0.0, 8.0, 120.0);
   addCategory(ship, -1.0, "Side", "Red");
   addCategory(ship, -1.0, "Type", "Ship");
-  Entity& anchored = *store.entity(makePlatform(store, "Oiler 6", 601, "ship.png"));
+  Entity& anchored = *store.editEntity(makePlatform(store, "Oiler 6", 601, "ship.png"));
   for (double t = 0.0; t <= 600.0; t += 30.0)
     anchored.platformPoints.insert(coursePoint(t, 34.82, -117.72, 0.0, 0.0, 0.0));
 
   // A platform with one timed point, and one with only a static point.
-  Entity& once = *store.entity(makePlatform(store, "Buoy 7", 701, "buoy.png"));
+  Entity& once = *store.editEntity(makePlatform(store, "Buoy 7", 701, "buoy.png"));
   once.platformPoints.insert(coursePoint(250.0, 34.9, -117.65, 0.0, 0.0, 0.0));
-  Entity& fixed = *store.entity(makePlatform(store, "Radar Site 8", 801, "site.png"));
+  Entity& fixed = *store.editEntity(makePlatform(store, "Radar Site 8", 801, "site.png"));
   fixed.platformPoints.insert(coursePoint(-1.0, 35.2, -117.3, 900.0, 0.0, 0.0));
 
-  store.entity(beam)->targets.insert({0.0, store.findPlatform("Frigate 5")});
+  store.editEntity(beam)->targets.insert({0.0, store.findPlatform("Frigate 5")});
   store.autoConfigureClock();
 }
 
 void ScenarioGenerator::synthetic(ScenarioStore& store, std::size_t points)
 {
   store.reset();
-  store.properties().initialized = true;
-  store.properties().referenceYear = 2024;
-  store.properties().latOrigin = ORIGIN_LAT;
-  store.properties().lonOrigin = ORIGIN_LON;
+  store.editProperties().initialized = true;
+  store.editProperties().referenceYear = 2024;
+  store.editProperties().latOrigin = ORIGIN_LAT;
+  store.editProperties().lonOrigin = ORIGIN_LON;
   constexpr std::size_t AIRCRAFT = 100;
   const std::size_t each = std::max<std::size_t>(1, points / AIRCRAFT);
   for (std::size_t a = 0; a < AIRCRAFT; ++a)
   {
-    Entity& e = *store.entity(makePlatform(store, "Track " + std::to_string(a + 1), a + 1, "fighter.png"));
+    Entity& e = *store.editEntity(makePlatform(store, "Track " + std::to_string(a + 1), a + 1, "fighter.png"));
     e.platformPoints.reserve(each);
     const double heading = static_cast<double>((a * 37) % 360);
     for (std::size_t i = 0; i < each; ++i)

@@ -279,7 +279,7 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
       p.yaw = value[YAW] * DEG, p.pitch = value[PITCH] * DEG, p.roll = value[ROLL] * DEG;
     if (hasVelocity)
       p.velEast = value[VE], p.velNorth = value[VN], p.velUp = value[VU];
-    placer.place(staged.entity(platform.id)->platformPoints, platform.lines, p, lineNumber, "the point");
+    placer.place(staged.editEntity(platform.id)->platformPoints, platform.lines, p, lineNumber, "the point");
   }
   report.lines = lineNumber;
   report.noteRepeats(name);
@@ -288,8 +288,8 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
   if (options_.replace)
   {
     if (times.referenceYear() != 0)
-      staged.properties().referenceYear = times.referenceYear();
-    staged.properties().initialized = true;
+      staged.editProperties().referenceYear = times.referenceYear();
+    staged.editProperties().initialized = true;
     staged.autoConfigureClock();
     store_.replaceWith(staged);
   }
@@ -299,7 +299,7 @@ ReadReport CsvTrackReader::read(std::istream& in, const std::string& name)
     {
       const Entity& from = *staged.entity(staging);
       const UniqueID_t id = store_.createEntity(from.header, 0);
-      store_.entity(id)->platformPoints = from.platformPoints;
+      store_.editEntity(id)->platformPoints = from.platformPoints;
     }
     store_.scenarioReset();
   }

@@ -151,7 +151,7 @@ std::string ScenarioReader::header_(const Tokens& t)
     return "unknown scenario file version '" + (t.size() > 1 ? t[1] : std::string()) + "'; this reads version 1";
   }
   headerSeen_ = true;
-  staged_.properties().initialized = true;
+  staged_.editProperties().initialized = true;
   return t.size() > 2 ? "unexpected text after the version" : std::string();
 }
 
@@ -284,7 +284,7 @@ std::string ScenarioReader::entity_(const Tokens& t, std::size_t i, int kinds, E
   if ((it->second.kind & kinds) == 0)
     return "entity " + t[i] + " is a " + ScenarioVocabulary::kindName(it->second.kind) + ", not a " +
            ScenarioVocabulary::kindNames(kinds);
-  entity = staged_.entity(it->second.id);
+  entity = staged_.editEntity(it->second.id);
   file = &it->second;
   return std::string();
 }
@@ -342,7 +342,7 @@ std::string ScenarioReader::referenceYear_(const Tokens& t)
     return error;
   if (year < 1 || year > 9999)
     return "bad year " + t[1];
-  staged_.properties().referenceYear = static_cast<int>(year);
+  staged_.editProperties().referenceYear = static_cast<int>(year);
   return std::string();
 }
 
@@ -352,7 +352,7 @@ std::string ScenarioReader::origin_(const Tokens& t)
   for (auto error : {angle_(t, 1, "LAT", lat), angle_(t, 2, "LON", lon), number_(t, 3, "ALT", alt)})
     if (!error.empty())
       return error;
-  auto& p = staged_.properties();
+  auto& p = staged_.editProperties();
   p.latOrigin = lat;
   p.lonOrigin = lon;
   p.altOrigin = alt;
@@ -366,7 +366,7 @@ std::string ScenarioReader::tangentPlane_(const Tokens& t)
   for (auto error : {number_(t, 1, "X", x), number_(t, 2, "Y", y), angle_(t, 3, "ANGLE", angle)})
     if (!error.empty())
       return error;
-  auto& p = staged_.properties();
+  auto& p = staged_.editProperties();
   p.tangentPlaneX = x;
   p.tangentPlaneY = y;
   p.tangentPlaneAngle = angle;
@@ -376,7 +376,7 @@ std::string ScenarioReader::tangentPlane_(const Tokens& t)
 
 std::string ScenarioReader::description_(const Tokens& t)
 {
-  return text_(t, 1, "TEXT", staged_.properties().description);
+  return text_(t, 1, "TEXT", staged_.editProperties().description);
 }
 
 std::string ScenarioReader::classification_(const Tokens& t)
@@ -386,8 +386,8 @@ std::string ScenarioReader::classification_(const Tokens& t)
   for (auto error : {text_(t, 1, "TEXT", text), color_(t, 2, color)})
     if (!error.empty())
       return error;
-  staged_.properties().classification = text;
-  staged_.properties().classificationColor = color;
+  staged_.editProperties().classification = text;
+  staged_.editProperties().classificationColor = color;
   return std::string();
 }
 
@@ -397,8 +397,8 @@ std::string ScenarioReader::wind_(const Tokens& t)
   for (auto error : {number_(t, 1, "SPEED", speed), angle_(t, 2, "DIRECTION", direction)})
     if (!error.empty())
       return error;
-  staged_.properties().windSpeed = speed;
-  staged_.properties().windDirection = direction;
+  staged_.editProperties().windSpeed = speed;
+  staged_.editProperties().windDirection = direction;
   return std::string();
 }
 
@@ -411,8 +411,8 @@ std::string ScenarioReader::coordinateFrame_(const Tokens& t)
   if (t.size() > 2)
     if (std::string error = number_(t, 2, "ECI_TIME", eciTime); !error.empty())
       return error;
-  staged_.properties().frame.coordinateSystem = static_cast<PICoordSystem_t>(system);
-  staged_.properties().frame.eciReferenceTime = eciTime;
+  staged_.editProperties().frame.coordinateSystem = static_cast<PICoordSystem_t>(system);
+  staged_.editProperties().frame.eciReferenceTime = eciTime;
   return std::string();
 }
 
@@ -892,7 +892,7 @@ std::string ScenarioReader::column_(const Tokens& t)
     if (std::string error = integer_(t, 4, "UNITS", units); !error.empty())
       return error;
   it->second.columns.push_back(
-      staged_.table(it->second.id)->addColumn(name, type, static_cast<UTILS::UnitType_t>(units)));
+      staged_.editTable(it->second.id)->addColumn(name, type, static_cast<UTILS::UnitType_t>(units)));
   return std::string();
 }
 
@@ -910,7 +910,7 @@ std::string ScenarioReader::row_(const Tokens& t)
   if (t.size() - 3 != columns.size())
     return "a row of table " + t[1] + " has " + std::to_string(columns.size()) + " cells, not " +
            std::to_string(t.size() - 3);
-  DataTable* table = staged_.table(it->second.id);
+  DataTable* table = staged_.editTable(it->second.id);
   PIData::DataTableRowT row(time);
   for (std::size_t k = 0; k < columns.size(); ++k)
   {

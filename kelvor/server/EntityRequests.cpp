@@ -11,6 +11,7 @@
 #include "store/ScenarioStore.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvor
 {
@@ -157,7 +158,7 @@ std::int64_t EntityRequests::getHeader_(void* record)
 std::int64_t EntityRequests::updateHeader_(void* record)
 {
   auto& r = *static_cast<PI_DATA_STRUCT*>(record);
-  Entity* e = state_.store.entity(r.entityId);
+  Entity* e = state_.store.editEntity(r.entityId);
   EntityHeader header;
   if (!e || e->kind != r.objectType || !readHeader(r.objectType, r.pointer1, header))
     return done(r, false);
@@ -172,7 +173,7 @@ std::int64_t EntityRequests::create_(void* record)
   ScenarioStore& store = state_.store;
   if (r.objectType == PI_GENERIC_DATA_TYPE)
   {
-    Entity* e = store.entity(r.entityId);
+    Entity* e = store.editEntity(r.entityId);
     const auto* item = static_cast<const PIData::PIGenericDataPoint*>(r.pointer2);
     if (!e || !item)
     {
@@ -190,7 +191,7 @@ std::int64_t EntityRequests::create_(void* record)
   r.entityId = id;
   if (!id)
     return done(r, false);
-  Entity* e = store.entity(id);
+  Entity* e = store.editEntity(id);
   if (r.pointer2)
   {
     if (r.objectType == PI_PLATFORM_TYPE)
@@ -207,7 +208,7 @@ std::int64_t EntityRequests::create_(void* record)
 std::int64_t EntityRequests::deleteGeneric_(void* record)
 {
   auto& r = *static_cast<PI_DATA_STRUCT*>(record);
-  Entity* e = state_.store.entity(r.entityId);
+  Entity* e = state_.store.editEntity(r.entityId);
   if (!e)
     return done(r, false);
   auto& g = e->generic;
@@ -219,7 +220,9 @@ std::int64_t EntityRequests::deleteGeneric_(void* record)
 std::int64_t EntityRequests::categories_(void* record)
 {
   auto& r = *static_cast<PI_DATA_CATCHALL*>(record);
-  Entity* e = state_.store.entity(static_cast<UniqueID_t>(r.integerAt(2)));
+  const UniqueID_t id = static_cast<UniqueID_t>(r.integerAt(2));
+  // Retrievals read the entity; only a change takes it to change, which journals it.
+  const Entity* e = state_.store.entity(id);
   void* pointer = r.pointerAt(0);
   auto finish = [&r](bool ok) {
     if (r.integers.size() > 1)
@@ -228,15 +231,16 @@ std::int64_t EntityRequests::categories_(void* record)
   };
   if (!e || !pointer)
     return finish(false);
-  auto& items = e->categories;
+  const auto& items = e->categories;
   const auto less = [](const PIData::PICategoryDataPoint& a, const PIData::PICategoryDataPoint& b) {
     return a.time < b.time || (a.time == b.time && a.name < b.name);
   };
   switch (r.integerAt(0))
   {
   case PISelector::CATEGORY_ADD:
-    insertReplacing(items, *static_cast<const PIData::PICategoryDataPoint*>(pointer), less);
-    state_.store.dataChanged({e->id});
+    insertReplacing(state_.store.editEntity(id)->categories, *static_cast<const PIData::PICategoryDataPoint*>(pointer),
+                    less);
+    state_.store.dataChanged({id});
     return finish(true);
   case PISelector::CATEGORY_REMOVE: {
     const auto& gone = *static_cast<const PIData::PICategoryDataPoint*>(pointer);
@@ -245,8 +249,9 @@ std::int64_t EntityRequests::categories_(void* record)
     });
     if (it == items.end())
       return finish(false);
-    items.erase(it);
-    state_.store.dataChanged({e->id});
+    auto& changed = state_.store.editEntity(id)->categories;
+    changed.erase(changed.begin() + (it - items.begin()));
+    state_.store.dataChanged({id});
     return finish(true);
   }
   case PISelector::CATEGORY_RETRIEVE_ALL:

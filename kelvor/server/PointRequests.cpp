@@ -10,6 +10,7 @@
 #include "store/ScenarioStore.h"
 
 #include <algorithm>
+#include <utility>
 #include <optional>
 #include <set>
 
@@ -135,18 +136,20 @@ std::int64_t PointRequests::serve(PIServerFunctions_t family, void* record)
   }
   auto& r = *static_cast<PI_DATA_STRUCT*>(record);
   ScenarioStore& store = state_.store;
-  Entity* e = store.entity(r.entityId);
+  // Reads look through the store's const side: taking an entity to change it journals it.
+  const bool exists = store.entity(r.entityId) != nullptr;
   switch (family)
   {
   case PISF_GET_EARLIEST_TIME:
     r.time = store.earliestTime(r.entityId);
-    return done(r, r.entityId == 0 || e);
+    return done(r, r.entityId == 0 || exists);
   case PISF_GET_LATEST_TIME:
     r.time = store.latestTime(r.entityId);
-    return done(r, r.entityId == 0 || e);
+    return done(r, r.entityId == 0 || exists);
   default:
     break;
   }
+  Entity* e = exists ? store.editEntity(r.entityId) : nullptr;
   if (!e)
     return done(r, false);
   switch (family)
@@ -169,7 +172,7 @@ std::int64_t PointRequests::serve(PIServerFunctions_t family, void* record)
 std::int64_t PointRequests::addPoint_(void* record)
 {
   auto& r = *static_cast<PI_DATA_STRUCT*>(record);
-  Entity* e = state_.store.entity(r.entityId);
+  Entity* e = state_.store.editEntity(r.entityId);
   if (!e || e->kind != r.objectType || !r.pointer2)
     return done(r, false);
   switch (e->kind)
@@ -190,7 +193,7 @@ std::int64_t PointRequests::addPoint_(void* record)
 std::int64_t PointRequests::addPoints_(void* record)
 {
   auto& r = *static_cast<PI_DATA_STRUCT*>(record);
-  Entity* e = state_.store.entity(r.entityId);
+  Entity* e = state_.store.editEntity(r.entityId);
   const auto* points = static_cast<const std::vector<PIData::PIPlatformPoint>*>(r.pointer2);
   if (!e || e->kind != PI_PLATFORM_TYPE || !points)
     return done(r, false);
@@ -330,7 +333,7 @@ std::int64_t PointRequests::getCommands_(PIServerFunctions_t family, void* recor
 std::int64_t PointRequests::laser_(void* record)
 {
   auto& r = *static_cast<PI_DATA_CATCHALL*>(record);
-  Entity* e = state_.store.entity(static_cast<UniqueID_t>(r.integerAt(2)));
+  Entity* e = state_.store.editEntity(static_cast<UniqueID_t>(r.integerAt(2)));
   if (!e || e->kind != PI_LASER_TYPE)
     return done(r, false);
   const double time = r.doubleAt(0);
@@ -357,7 +360,7 @@ std::int64_t PointRequests::laser_(void* record)
 std::int64_t PointRequests::projector_(void* record)
 {
   auto& r = *static_cast<PI_DATA_CATCHALL*>(record);
-  Entity* e = state_.store.entity(static_cast<UniqueID_t>(r.integerAt(2)));
+  Entity* e = state_.store.editEntity(static_cast<UniqueID_t>(r.integerAt(2)));
   if (!e || e->kind != PI_PROJECTOR_TYPE)
     return done(r, false);
   if (r.integerAt(0) == PISelector::PROJECTOR_FOV)

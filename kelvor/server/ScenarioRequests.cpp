@@ -7,6 +7,8 @@
 
 #include <string>
 
+#include <utility>
+
 namespace kelvor
 {
 
@@ -49,24 +51,25 @@ std::int64_t ScenarioRequests::serve(PIServerFunctions_t family, void* record)
   if (!record)
     return 1;
   ScenarioStore& store = state_.store;
-  ScenarioProperties& p = store.properties();
+  // Reads look at the properties' const side; a write takes them to change, which journals them.
+  const ScenarioProperties& p = store.properties();
   switch (family)
   {
   case PISF_SCENARIO_INITIALIZED: return initialized_(record);
   case PISF_SCENARIO_FRAME: return frame_(record);
   case PISF_CLOCK: return clock_(record);
   case PISF_GET_DESCRIPTION: return get(record, p.description);
-  case PISF_SET_DESCRIPTION: return set(record, p.description);
+  case PISF_SET_DESCRIPTION: return set(record, store.editProperties().description);
   case PISF_GET_CLASSIFICATION: return get(record, p.classification);
-  case PISF_SET_CLASSIFICATION: return set(record, p.classification);
+  case PISF_SET_CLASSIFICATION: return set(record, store.editProperties().classification);
   case PISF_GET_CLASSIFICATION_COLOR: return get(record, p.classificationColor);
-  case PISF_SET_CLASSIFICATION_COLOR: return set(record, p.classificationColor);
+  case PISF_SET_CLASSIFICATION_COLOR: return set(record, store.editProperties().classificationColor);
   case PISF_GET_REFERENCE_YEAR: return get(record, p.referenceYear);
   case PISF_SET_REFERENCE_YEAR: {
     const int year = *static_cast<const int*>(record);
     if (year != p.referenceYear)
     {
-      p.referenceYear = year;
+      store.editProperties().referenceYear = year;
       store.referenceYearChanged();
     }
     return 0;
@@ -74,9 +77,9 @@ std::int64_t ScenarioRequests::serve(PIServerFunctions_t family, void* record)
   case PISF_GET_LATITUDE_ORIGIN: return get(record, p.latOrigin);
   case PISF_GET_LONGITUDE_ORIGIN: return get(record, p.lonOrigin);
   case PISF_GET_WIND_SPEED: return get(record, p.windSpeed);
-  case PISF_SET_WIND_SPEED: return set(record, p.windSpeed);
+  case PISF_SET_WIND_SPEED: return set(record, store.editProperties().windSpeed);
   case PISF_GET_WIND_DIRECTION: return get(record, p.windDirection);
-  case PISF_SET_WIND_DIRECTION: return set(record, p.windDirection);
+  case PISF_SET_WIND_DIRECTION: return set(record, store.editProperties().windDirection);
   default: return 1;
   }
 }
@@ -88,7 +91,7 @@ std::int64_t ScenarioRequests::initialized_(void* record)
   if (r.integerAt(0) == PISelector::SCENARIO_INITIALIZE)
   {
     store.reset();
-    store.properties().initialized = true;
+    store.editProperties().initialized = true;
     store.scenarioReset();
     return finish(r, true);
   }
@@ -101,7 +104,7 @@ std::int64_t ScenarioRequests::initialized_(void* record)
 std::int64_t ScenarioRequests::frame_(void* record)
 {
   auto& r = *static_cast<PI_DATA_CATCHALL*>(record);
-  ScenarioProperties& p = state_.store.properties();
+  const ScenarioProperties& p = state_.store.properties();
   auto answer = [&r](double value) {
     r.doubles.resize(std::max<std::size_t>(r.doubles.size(), 1));
     r.doubles[0] = value;
@@ -116,17 +119,23 @@ std::int64_t ScenarioRequests::frame_(void* record)
   case PISelector::FRAME_SET_ORIGIN_LLA:
     if (r.doubles.size() < 3)
       return finish(r, false);
-    p.latOrigin = r.doubles[0];
-    p.lonOrigin = r.doubles[1];
-    p.altOrigin = r.doubles[2];
+  {
+    ScenarioProperties& changed = state_.store.editProperties();
+    changed.latOrigin = r.doubles[0];
+    changed.lonOrigin = r.doubles[1];
+    changed.altOrigin = r.doubles[2];
     return finish(r, true);
+  }
   case PISelector::FRAME_SET_TANGENT_PLANE:
     if (r.doubles.size() < 3)
       return finish(r, false);
-    p.tangentPlaneX = r.doubles[0];
-    p.tangentPlaneY = r.doubles[1];
-    p.tangentPlaneAngle = r.doubles[2];
+  {
+    ScenarioProperties& changed = state_.store.editProperties();
+    changed.tangentPlaneX = r.doubles[0];
+    changed.tangentPlaneY = r.doubles[1];
+    changed.tangentPlaneAngle = r.doubles[2];
     return finish(r, true);
+  }
   case PISelector::FRAME_GET_COORD_REFERENCE_FRAME: {
     auto* frame = static_cast<PIData::PICoordReferenceFrame*>(r.pointerAt(0));
     if (!frame)
@@ -147,7 +156,7 @@ std::int64_t ScenarioRequests::frame_(void* record)
     const auto* frame = static_cast<const PIData::PICoordReferenceFrame*>(r.pointerAt(0));
     if (!frame)
       return finish(r, false);
-    p.frame = *frame;
+    state_.store.editProperties().frame = *frame;
     return finish(r, true);
   }
   default:

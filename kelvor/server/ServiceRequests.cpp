@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <set>
 
+#include <utility>
+
 namespace kelvor
 {
 

@@ -41,7 +41,12 @@ std::int64_t TableRequests::serve(void* record)
   const long columnId = static_cast<long>(r.integerAt(3));
   const UniqueID_t entityId = static_cast<UniqueID_t>(r.integerAt(4));
   const std::string name = r.strings.empty() ? std::string() : r.strings[0];
-  DataTable* table = store.table(tableId);
+  // Only the selectors that change a table take it to change; the rest read its const side.
+  const int selector = static_cast<int>(r.integerAt(0));
+  const bool changes = selector == PISelector::TABLE_SET_COLUMN_UNITS || selector == PISelector::TABLE_ADD_ROW ||
+                       selector == PISelector::TABLE_ADD_COLUMN;
+  const DataTable* table = store.table(tableId);
+  DataTable* changed = changes && table ? store.editTable(tableId) : nullptr;
   const DataTable::Column* column = table ? table->column(columnId) : nullptr;
   constexpr std::int64_t OK = 0, FAILED = 1;
 
@@ -57,7 +62,7 @@ std::int64_t TableRequests::serve(void* record)
     if (!id)
       return status(r, 0);
     for (std::size_t i = 0; i < names->size(); ++i)
-      store.table(id)->addColumn((*names)[i], (*types)[i]);
+      store.editTable(id)->addColumn((*names)[i], (*types)[i]);
     *newId = id;
     store.dataChanged({entityId});
     return status(r, 1);
@@ -81,11 +86,11 @@ std::int64_t TableRequests::serve(void* record)
   }
   case PISelector::TABLE_SET_COLUMN_UNITS: {
     const auto* units = out<const std::vector<UTILS::UnitType_t>>(r, 0);
-    return status(r, table && units && table->setColumnUnits(*units) ? OK : FAILED);
+    return status(r, changed && units && changed->setColumnUnits(*units) ? OK : FAILED);
   }
   case PISelector::TABLE_ADD_ROW: {
     const auto* row = out<const PIData::DataTableRowT>(r, 0);
-    if (!table || !row || !table->addRow(*row))
+    if (!table || !row || !changed->addRow(*row))
       return status(r, FAILED);
     store.dataChanged({table->owner()});
     return status(r, OK);
@@ -119,8 +124,8 @@ std::int64_t TableRequests::serve(void* record)
     auto* newColumn = out<long>(r, 0);
     if (!table || !newColumn)
       return status(r, FAILED);
-    *newColumn = table->addColumn(name, static_cast<UTILS::VariableType_t>(r.integerAt(5)),
-                                  static_cast<UTILS::UnitType_t>(r.integerAt(6)));
+    *newColumn = changed->addColumn(name, static_cast<UTILS::VariableType_t>(r.integerAt(5)),
+                                    static_cast<UTILS::UnitType_t>(r.integerAt(6)));
     return status(r, OK);
   }
   case PISelector::TABLE_GET_ALL_IDS: {

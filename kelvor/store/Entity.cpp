@@ -96,6 +96,17 @@ void Entity::clearCommands()
   targets.clear();
 }
 
+bool Entity::aimsAt(UniqueID_t id) const
+{
+  for (const auto& target : targets)
+  {
+    if (target.value == id)
+      return true;
+  }
+  const auto* beam = std::get_if<PIData::PIBeamHeader>(&header);
+  return beam && beam->targetId == id;
+}
+
 bool Entity::retarget(UniqueID_t gone)
 {
   std::vector<double> times;

@@ -95,6 +95,8 @@ struct Entity
    * @return whether anything changed
    */
   bool retarget(UniqueID_t gone);
+  /// @return whether a target command or the target of a target beam names that entity
+  bool aimsAt(UniqueID_t id) const;
 };
 
 } // namespace kelvor

@@ -43,6 +43,12 @@ UniqueID_t ScenarioStore::createEntity(const EntityHeader& header, UniqueID_t ho
   e->host = host;
   e->header = header;
   const UniqueID_t id = e->id;
+  if (journal_)
+  {
+    journal_->current().entities[id] = nullptr;
+    keepEntity_(host);
+    keepScenario_();
+  }
   entities_[id] = std::move(e);
   if (host)
     entities_[host]->children.push_back(id);
@@ -54,12 +60,12 @@ UniqueID_t ScenarioStore::createEntity(const EntityHeader& header, UniqueID_t ho
 
 bool ScenarioStore::removeEntity(UniqueID_t id)
 {
-  Entity* e = entity(id);
+  Entity* e = editEntity(id);
   if (!e)
     return false;
   if (e->host)
   {
-    if (Entity* parent = entity(e->host))
+    if (Entity* parent = editEntity(e->host))
       parent->children.erase(std::remove(parent->children.begin(), parent->children.end(), id), parent->children.end());
   }
   removeOne_(id);
@@ -74,6 +80,8 @@ void ScenarioStore::forgetTargets_(UniqueID_t removed)
   std::set<UniqueID_t> changed;
   for (auto& [id, entity] : entities_)
   {
+    if (journal_ && entity->aimsAt(removed))
+      keepEntity_(id);
     if (entity->retarget(removed))
       changed.insert(id);
   }
@@ -88,8 +96,13 @@ void ScenarioStore::removeOne_(UniqueID_t id)
     removeOne_(child);
   if (listener_)
     listener_->entityRemoving(id);
+  keepEntity_(id);
+  keepScenario_();
   for (long table : entities_.at(id)->tables)
+  {
+    keepTable_(table);
     tables_.erase(table);
+  }
   drawFlags_.erase(id);
   gogFiles_.erase(id);
   entities_.erase(id);
@@ -97,6 +110,9 @@ void ScenarioStore::removeOne_(UniqueID_t id)
 
 void ScenarioStore::clearEntities()
 {
+  // Another scenario, or none: nothing of the steps before applies.
+  if (journal_)
+    journal_->clear();
   entities_.clear();
   tables_.clear();
   rules_.clear();
@@ -131,12 +147,16 @@ void ScenarioStore::replaceWith(ScenarioStore& other)
   drawFlags_.swap(other.drawFlags_);
   gogFiles_.swap(other.gogFiles_);
   other.reset();
+  if (journal_)
+    journal_->clear();
   if (listener_)
     listener_->scenarioReset();
 }
 
-Entity* ScenarioStore::entity(UniqueID_t id)
+Entity* ScenarioStore::editEntity(UniqueID_t id)
 {
+  // Whoever takes an entity to change may change it: its state before goes to the journal.
+  keepEntity_(id);
   auto it = entities_.find(id);
   return it == entities_.end() ? nullptr : it->second.get();
 }
@@ -176,7 +196,8 @@ UniqueID_t ScenarioStore::findPlatform(const std::string& name) const
 
 bool ScenarioStore::flush(UniqueID_t id, PIData::FlushType type)
 {
-  Entity* e = entity(id);
+  keepEntityForFlush_(id, type);
+  Entity* e = editEntity(id);
   if (!e)
     return false;
   e->clearPoints();
@@ -241,17 +262,20 @@ void ScenarioStore::autoConfigureClock()
 
 long ScenarioStore::addTable(UniqueID_t owner, const std::string& name)
 {
-  Entity* e = entity(owner);
+  Entity* e = editEntity(owner);
   if (!e)
     return 0;
   const long id = nextTableId_++;
+  if (journal_)
+    journal_->current().tables[id] = nullptr;
   tables_[id] = std::make_unique<DataTable>(id, owner, name);
   e->tables.push_back(id);
   return id;
 }
 
-DataTable* ScenarioStore::table(long id)
+DataTable* ScenarioStore::editTable(long id)
 {
+  keepTable_(id);
   auto it = tables_.find(id);
   return it == tables_.end() ? nullptr : it->second.get();
 }
@@ -264,10 +288,11 @@ const DataTable* ScenarioStore::table(long id) const
 
 bool ScenarioStore::removeTable(long id)
 {
+  keepTable_(id);
   auto it = tables_.find(id);
   if (it == tables_.end())
     return false;
-  if (Entity* e = entity(it->second->owner()))
+  if (Entity* e = editEntity(it->second->owner()))
     e->tables.erase(std::remove(e->tables.begin(), e->tables.end(), id), e->tables.end());
   tables_.erase(it);
   return true;
@@ -275,12 +300,14 @@ bool ScenarioStore::removeTable(long id)
 
 long ScenarioStore::addPreferenceRule(const std::string& text, bool saved)
 {
+  keepScenario_();
   rules_.push_back(PreferenceRule{nextRuleId_, text, saved});
   return nextRuleId_++;
 }
 
 bool ScenarioStore::removePreferenceRule(long id)
 {
+  keepScenario_();
   auto it = std::find_if(rules_.begin(), rules_.end(), [id](const PreferenceRule& r) { return r.id == id; });
   if (it == rules_.end())
     return false;
@@ -290,6 +317,7 @@ bool ScenarioStore::removePreferenceRule(long id)
 
 void ScenarioStore::setDrawFlag(UniqueID_t id, const std::string& flag, bool on)
 {
+  keepScenario_();
   if (on)
     drawFlags_[id].insert(flag);
   else if (drawFlags_.count(id))
@@ -310,6 +338,7 @@ bool ScenarioStore::drawFlag(UniqueID_t id, const std::string& flag) const
 
 void ScenarioStore::attachGogFile(UniqueID_t id, const std::string& file)
 {
+  keepScenario_();
   auto& files = gogFiles_[id];
   if (std::find(files.begin(), files.end(), file) == files.end())
     files.push_back(file);
@@ -349,6 +378,132 @@ void ScenarioStore::scenarioReset()
 {
   if (listener_)
     listener_->scenarioReset();
+}
+
+void ScenarioStore::keepJournal(bool keep)
+{
+  if (!keep)
+    journal_.reset();
+  else if (!journal_)
+    journal_ = std::make_unique<StoreJournal>();
+}
+
+void ScenarioStore::keepEntity_(UniqueID_t id)
+{
+  if (!journal_ || journal_->holdsEntity(id))
+    return;
+  auto it = entities_.find(id);
+  if (it != entities_.end())
+    journal_->current().entities[id] = std::make_unique<Entity>(*it->second);
+}
+
+void ScenarioStore::keepEntityForFlush_(UniqueID_t id, PIData::FlushType type)
+{
+  if (!journal_ || journal_->holdsEntity(id))
+    return;
+  auto it = entities_.find(id);
+  if (it == entities_.end())
+    return;
+  // The series a flush empties go to the journal as they are; what stays is copied back.
+  Entity& present = *it->second;
+  auto before = std::make_unique<Entity>(std::move(present));
+  present = Entity();
+  present.id = before->id;
+  present.kind = before->kind;
+  present.host = before->host;
+  present.header = before->header;
+  present.children = before->children;
+  present.alias = before->alias;
+  present.useAlias = before->useAlias;
+  present.tables = before->tables;
+  if (type != PIData::FLUSH_ALL && type != PIData::FLUSH_POINTS_AND_COMMANDS)
+  {
+    present.colors = before->colors;
+    present.states = before->states;
+    present.targets = before->targets;
+  }
+  if (type != PIData::FLUSH_ALL)
+  {
+    present.categories = before->categories;
+    present.generic = before->generic;
+  }
+  journal_->current().entities[id] = std::move(before);
+}
+
+void ScenarioStore::keepTable_(long id)
+{
+  if (!journal_ || journal_->holdsTable(id))
+    return;
+  auto it = tables_.find(id);
+  if (it != tables_.end())
+    journal_->current().tables[id] = std::make_unique<DataTable>(*it->second);
+}
+
+void ScenarioStore::keepScenario_()
+{
+  if (!journal_ || journal_->holdsScenario())
+    return;
+  StoreJournal::Step& step = journal_->current();
+  step.scenario = std::make_unique<StoreJournal::Scenario>(
+    StoreJournal::Scenario{properties_, rules_, drawFlags_, gogFiles_});
+  step.hasScenario = true;
+}
+
+void ScenarioStore::exchange_(StoreJournal::Step& step)
+{
+  for (auto& [id, image] : step.entities)
+  {
+    auto it = entities_.find(id);
+    std::unique_ptr<Entity> present = it == entities_.end() ? nullptr : std::move(it->second);
+    if (image)
+      entities_[id] = std::move(image);
+    else if (it != entities_.end())
+      entities_.erase(it);
+    image = std::move(present);
+  }
+  for (auto& [id, image] : step.tables)
+  {
+    auto it = tables_.find(id);
+    std::unique_ptr<DataTable> present = it == tables_.end() ? nullptr : std::move(it->second);
+    if (image)
+      tables_[id] = std::move(image);
+    else if (it != tables_.end())
+      tables_.erase(it);
+    image = std::move(present);
+  }
+  if (step.hasScenario)
+  {
+    StoreJournal::Scenario present{std::move(properties_), std::move(rules_), std::move(drawFlags_), std::move(gogFiles_)};
+    properties_ = std::move(step.scenario->properties);
+    rules_ = std::move(step.scenario->rules);
+    drawFlags_ = std::move(step.scenario->drawFlags);
+    gogFiles_ = std::move(step.scenario->gogFiles);
+    *step.scenario = std::move(present);
+  }
+}
+
+bool ScenarioStore::undo()
+{
+  std::unique_ptr<StoreJournal::Step> step = journal_ ? journal_->takeUndo() : nullptr;
+  if (!step)
+    return false;
+  exchange_(*step);
+  journal_->pushRedo(std::move(step));
+  if (listener_)
+    listener_->scenarioReset();
+  return true;
+}
+
+bool ScenarioStore::redo()
+{
+  std::unique_ptr<StoreJournal::Step> step = journal_ ? journal_->takeRedo() : nullptr;
+  if (!step)
+    return false;
+  exchange_(*step);
+  journal_->pushUndo(std::move(step));
+  if (listener_)
+    listener_->scenarioReset();
+  return true;
 }
 
 } // namespace kelvor

@@ -6,6 +6,7 @@
 #include "store/PreferenceRule.h"
 #include "store/ScenarioClock.h"
 #include "store/ScenarioProperties.h"
+#include "store/StoreJournal.h"
 
 #include <map>
 #include <memory>
@@ -49,7 +50,8 @@ public:
   /// scenario close and the new one arrive. other is left empty.
   void replaceWith(ScenarioStore& other);
 
-  Entity* entity(UniqueID_t id);
+  /// @return the entity to change, null for an unknown id; its state before goes to the journal
+  Entity* editEntity(UniqueID_t id);
   const Entity* entity(UniqueID_t id) const;
   /// @return the number of entities.
   std::size_t entityCount() const { return entities_.size(); }
@@ -77,12 +79,18 @@ public:
 
   /// Adds an empty table under an entity. @return its id, 0 when the entity does not exist
   long addTable(UniqueID_t owner, const std::string& name);
-  DataTable* table(long id);
+  /// @return the table to change, null for an unknown id; its state before goes to the journal
+  DataTable* editTable(long id);
   const DataTable* table(long id) const;
   /// Removes a table. @return false for an unknown id
   bool removeTable(long id);
 
-  ScenarioProperties& properties() { return properties_; }
+  /// @return the properties to change; their state before goes to the journal
+  ScenarioProperties& editProperties()
+  {
+    keepScenario_();
+    return properties_;
+  }
   const ScenarioProperties& properties() const { return properties_; }
   ScenarioClock& clock() { return clock_; }
   const ScenarioClock& clock() const { return clock_; }
@@ -120,11 +128,32 @@ public:
   /// Tells the listener that everything may have changed.
   void scenarioReset();
 
+  /**
+   * Starts or stops keeping a journal of changes: while it is kept, every change through the
+   * store (the mutable accessors included) leaves the state before it in the open step, so
+   * that undo() can restore it. Stopping forgets the steps.
+   */
+  void keepJournal(bool keep);
+  /// @return the journal; null while none is kept
+  StoreJournal* journal() { return journal_.get(); }
+  /// Restores the state before the newest step. @return false when there is nothing to undo
+  bool undo();
+  /// Makes the newest undone step again. @return false when there is nothing to redo
+  bool redo();
+
 private:
   bool canHost_(UniqueID_t host, PIScenarioObjectType_t kind) const;
   void removeOne_(UniqueID_t id);
   /// Points every target command and target beam that aimed at a removed entity at none.
   void forgetTargets_(UniqueID_t removed);
+  /// Leaves the entity's state before its first change in the open step, when a journal is kept.
+  void keepEntity_(UniqueID_t id);
+  /// As keepEntity_, moving out the series that a flush of that type empties instead of copying them.
+  void keepEntityForFlush_(UniqueID_t id, PIData::FlushType type);
+  void keepTable_(long id);
+  void keepScenario_();
+  /// Exchanges a step's pre-images with the present state; the step then holds what it replaced.
+  void exchange_(StoreJournal::Step& step);
 
   std::map<UniqueID_t, std::unique_ptr<Entity>> entities_;
   UniqueID_t nextId_ = 1;
@@ -137,6 +166,7 @@ private:
   std::map<UniqueID_t, std::set<std::string>> drawFlags_;
   std::map<UniqueID_t, std::vector<std::string>> gogFiles_;
   StoreListener* listener_ = nullptr;
+  std::unique_ptr<StoreJournal> journal_;
 };
 
 } // namespace kelvor

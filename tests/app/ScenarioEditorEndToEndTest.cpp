@@ -288,7 +288,7 @@ TEST_F(ScenarioEditorEndToEnd, ABeamCategoryGenericTagAndTableCellEditedAppliedS
   header.beamType = PIData::PI_BEAM_ABSOLUTE;
   const UniqueID_t beam = host->store().createEntity(header, eagle);
   for (double t : {100.0, 200.0})
-    host->store().entity(beam)->beamPoints.insert(PIData::PIBeamPoint{0.1, 0.0, 5000.0, t});
+    host->store().editEntity(beam)->beamPoints.insert(PIData::PIBeamPoint{0.1, 0.0, 5000.0, t});
 
   QDockWidget* editor = openEditor();
   ASSERT_NE(nullptr, editor);

@@ -25,9 +25,9 @@ TEST(GlobeDrawing, TrackColoursComeFromTheLatestTrackColourItem)
   ScenarioStore store;
   const UniqueID_t a = store.createEntity(PIData::PIPlatformHeader(), 0);
   const UniqueID_t b = store.createEntity(PIData::PIPlatformHeader(), 0);
-  store.entity(a)->generic.push_back({-1.0, -1.0, KELVOR_GD_TRACKCOLOR, "0xFF000080"});
-  store.entity(a)->generic.push_back({5.0, -1.0, KELVOR_GD_TRACKCOLOR, "0x00FF00FF"});
-  store.entity(b)->generic.push_back({-1.0, -1.0, KELVOR_GD_TRACKCOLOR, "not a colour"});
+  store.editEntity(a)->generic.push_back({-1.0, -1.0, KELVOR_GD_TRACKCOLOR, "0xFF000080"});
+  store.editEntity(a)->generic.push_back({5.0, -1.0, KELVOR_GD_TRACKCOLOR, "0x00FF00FF"});
+  store.editEntity(b)->generic.push_back({-1.0, -1.0, KELVOR_GD_TRACKCOLOR, "not a colour"});
   TrackLayer layer(store);
   EXPECT_EQ(QColor(0, 255, 0, 255), layer.trackColor(a));
   EXPECT_TRUE(layer.trackColor(b).isValid()) << "a bad value falls back to the palette";
@@ -37,7 +37,7 @@ TEST(GlobeDrawing, TrackColoursComeFromTheLatestTrackColourItem)
   EXPECT_EQ(QColor(255, 0, 0), layer.trackColorAt(a, 4.0));
   EXPECT_EQ(QColor(0, 255, 0), layer.trackColorAt(a, 5.0)) << "a colour holds from its own time";
   EXPECT_EQ(QColor(255, 0, 0), layer.trackColorAt(a, -5.0)) << "before the first item, the first";
-  store.entity(a)->generic.push_back({7.0, -1.0, KELVOR_GD_TRACKCOLOR, "0x0000FF00"});
+  store.editEntity(a)->generic.push_back({7.0, -1.0, KELVOR_GD_TRACKCOLOR, "0x0000FF00"});
   EXPECT_EQ(QColor(0, 0, 255, 255), layer.trackColorAt(a, 8.0)) << "a transparent colour still draws";
 }
 
@@ -147,7 +147,7 @@ TEST(ClockBarControls, TimesShowInTheUsersTimeFormatDateAndTimeOfDayByDefault)
   QTemporaryDir dir;
   Registry registry(dir.filePath("registry.ini").toStdString());
   ScenarioStore store;
-  store.properties().referenceYear = 2024;
+  store.editProperties().referenceYear = 2024;
   // 2 February 2024 (day 33) 13:05:09.375, and 1 January 2025 in the leap year's seconds.
   const double feb2 = 32 * 86400.0 + 13 * 3600.0 + 5 * 60.0 + 9.375;
   store.clock().setSpan(feb2, 366 * 86400.0);

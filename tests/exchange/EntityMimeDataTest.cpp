@@ -117,7 +117,7 @@ protected:
   {
     for (UniqueID_t id : store.list(PI_ALL_TYPES))
     {
-      kelvor::Entity* entity = store.entity(id);
+      kelvor::Entity* entity = store.editEntity(id);
       if (!entity)
         continue;
       if (entity->kind == PI_CUSTOM_RENDERING_TYPE && entity->host != 0 &&
@@ -136,7 +136,7 @@ protected:
         item.expiration = -1.0;
       for (long tableId : std::vector<long>(entity->tables))
       {
-        kelvor::DataTable* table = store.table(tableId);
+        kelvor::DataTable* table = store.editTable(tableId);
         if (table->name().rfind(INTERNAL_TABLE_PREFIX, 0) == 0)
         {
           PIData::removeDataTable(tableId);

@@ -138,7 +138,7 @@ TEST(ScenarioFile, EveryCommandReadsAndTheSecondWriteIsTheSameText)
 TEST(ScenarioFile, EveryDoubleSurvivesToTheLastBit)
 {
   ScenarioStore store;
-  store.properties().initialized = true;
+  store.editProperties().initialized = true;
   const UniqueID_t id = store.createEntity(PIData::PIPlatformHeader(), 0);
   StoredPlatformPoint s;
   s.time = 0.1 + 0.2;
@@ -148,7 +148,7 @@ TEST(ScenarioFile, EveryDoubleSurvivesToTheLastBit)
   s.yaw = M_PI;
   s.pitch = -0.0;
   s.roll = 1e300;
-  store.entity(id)->platformPoints.insert(s);
+  store.editEntity(id)->platformPoints.insert(s);
   ScenarioStore back;
   ASSERT_TRUE(readInto(back, writeToText(store)).ok());
   const StoredPlatformPoint& r = back.entity(back.list(PI_PLATFORM_TYPE)[0])->platformPoints.front();
@@ -202,7 +202,7 @@ UniqueID_t addPlatform(ScenarioStore& store, const std::string& name, UniqueID_t
 TEST(ScenarioFile, SavingKeepsEveryOriginalIdSharedZeroAndHugeOnes)
 {
   ScenarioStore store;
-  store.properties().initialized = true;
+  store.editProperties().initialized = true;
   PIData::PIBeamHeader radar;
   radar.name = "Radar";
   radar.originalId = 2;
@@ -216,7 +216,7 @@ TEST(ScenarioFile, SavingKeepsEveryOriginalIdSharedZeroAndHugeOnes)
   addPlatform(store, "Largest key", INT64_MAX);                           // a key still: new keys wrap past it
   addPlatform(store, "Beyond keys", static_cast<UniqueID_t>(INT64_MAX) + 1);
   const UniqueID_t seven = addPlatform(store, "Seven", 7);
-  store.entity(beam)->targets.insert({5.0, seven});
+  store.editEntity(beam)->targets.insert({5.0, seven});
 
   const std::string text = writeToText(store);
   ScenarioStore back;
@@ -238,14 +238,14 @@ TEST(ScenarioFile, NoTargetAndTheTargetOfARemovedEntitySurviveASave)
 {
   // Targets 0 and those of removed entities were once left out of the file without a word.
   ScenarioStore store;
-  store.properties().initialized = true;
+  store.editProperties().initialized = true;
   PIData::PIBeamHeader radar;
   radar.name = "Radar";
   const UniqueID_t hawk = addPlatform(store, "Hawk", 1);
   const UniqueID_t kite = addPlatform(store, "Kite", 2);
   const UniqueID_t beam = store.createEntity(radar, hawk);
-  store.entity(beam)->targets.insert({1.0, kite});
-  store.entity(beam)->targets.insert({2.0, UniqueID_t(0)});
+  store.editEntity(beam)->targets.insert({1.0, kite});
+  store.editEntity(beam)->targets.insert({2.0, UniqueID_t(0)});
   ScenarioStore back;
   ASSERT_TRUE(readInto(back, writeToText(store)).ok());
   const Entity& backBeam = *back.entity(back.entity(back.findPlatform("Hawk"))->children.at(0));

@@ -145,8 +145,8 @@ TEST_F(ActionFramework, NamesHostsAndTheirPlatformsTime)
   EXPECT_EQ("Eagle", getEntityHostName(platform)) << "a platform names itself";
   EXPECT_EQ(10.0, getPlatformLatestTime(gate)) << "walks up to the platform";
   EXPECT_EQ(0.0, getPlatformLatestTime(9999));
-  store.entity(platform)->alias = "Callsign 7";
-  store.entity(platform)->useAlias = true;
+  store.editEntity(platform)->alias = "Callsign 7";
+  store.editEntity(platform)->useAlias = true;
   EXPECT_EQ("Callsign 7", getEntityName(platform)) << "a platform that shows its alias is named by it";
 }
 

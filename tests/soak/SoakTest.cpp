@@ -759,7 +759,7 @@ TEST_F(Soak, TheChecksFindWhatTheyLookFor)
   EXPECT_EQ(std::vector<std::string>{}, ScenarioChecks::differences(first, second));
   const std::vector<UniqueID_t> own = store.list(PI_ALL_TYPES);
   const auto place = static_cast<std::size_t>(std::find(own.begin(), own.end(), platform) - own.begin());
-  kelvor::Entity& copy = *second.entity(second.list(PI_ALL_TYPES)[place]);
+  kelvor::Entity& copy = *second.editEntity(second.list(PI_ALL_TYPES)[place]);
   kelvor::StoredPlatformPoint moved = copy.platformPoints.back();
   moved.lon = std::nextafter(moved.lon, 10.0);
   copy.platformPoints.insert(moved);
@@ -773,10 +773,10 @@ TEST_F(Soak, TheChecksFindWhatTheyLookFor)
   unknown.time = store.latestTime(platform) + 1.0;
   unknown.position = {0.5, -2.0, std::nan("")};
   PIData::addDataPoint(platform, &unknown);
-  kelvor::Entity& entity = *store.entity(platform);
+  kelvor::Entity& entity = *store.editEntity(platform);
   entity.categories.push_back(PIData::PICategoryDataPoint{1e6, "Side", "Red"});
   entity.categories.push_back(PIData::PICategoryDataPoint{1e6, "Mode", "Blue"}); // before "Side" at one time
-  store.entity(beam)->host = 999999;
+  store.editEntity(beam)->host = 999999;
   found = ScenarioChecks::inconsistencies(store);
   EXPECT_TRUE(mentions(found, "point item")) << ::testing::PrintToString(found);
   EXPECT_TRUE(mentions(found, "alt is nan")) << ::testing::PrintToString(found);

@@ -26,7 +26,7 @@ protected:
     platform = made.platform;
     beam = made.beam;
     gate = made.gate;
-    std::get<PIData::PIPlatformHeader>(store.entity(platform)->header).originalId = 77;
+    std::get<PIData::PIPlatformHeader>(store.editEntity(platform)->header).originalId = 77;
     PIData::PIPlatformPoint point;
     PIData::getDataPoint(platform, 10.0, &point, PI_RETRIEVE_EXACT);
     point.time = 20.0;
@@ -148,7 +148,7 @@ TEST_F(EntityTree, RemovalTakesTheSubtreeAndChangesRefreshTheRow)
 {
   model.forceRefresh();
   QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
-  store.entity(beam)->alias = "Search";
+  store.editEntity(beam)->alias = "Search";
   const std::set<std::uint64_t> ids = {beam, 9999};
   model.listenToEvents(PI_EVENT_ENTITY_DATA_CHANGED, &ids);
   EXPECT_EQ(1, changed.count());

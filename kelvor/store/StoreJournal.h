@@ -1,0 +1,90 @@
+#pragma once
+
+#include "store/DataTable.h"
+#include "store/Entity.h"
+#include "store/PreferenceRule.h"
+#include "store/ScenarioProperties.h"
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace kelvor
+{
+
+/**
+ * @brief What undoes and redoes the scenario's changes, step by step: each step keeps, for every
+ * entity, table and for the scenario's own settings it changed, the state they had before the
+ * step's first change to them (a pre-image; none for what the step made). Undoing a step swaps
+ * the pre-images with the present state, which then serves to redo it, so undo and redo cost
+ * what the step touched, not the scenario.
+ *
+ * The store keeps the journal: it hands every unit over before it changes it.
+ */
+class StoreJournal
+{
+public:
+  /// The scenario's own settings apart from its entities and tables.
+  struct Scenario
+  {
+    ScenarioProperties properties;
+    std::vector<PreferenceRule> rules;
+    std::map<UniqueID_t, std::set<std::string>> drawFlags;
+    std::map<UniqueID_t, std::vector<std::string>> gogFiles;
+  };
+
+  /// One user action's changes. A null pre-image stands for a unit that did not exist.
+  struct Step
+  {
+    std::string name;
+    std::map<UniqueID_t, std::unique_ptr<Entity>> entities;
+    std::map<long, std::unique_ptr<DataTable>> tables;
+    std::unique_ptr<Scenario> scenario;
+    bool hasScenario = false;
+
+    bool empty() const { return entities.empty() && tables.empty() && !hasScenario; }
+  };
+
+  /// Opens a step of that name, closing the one open. Steps to redo are dropped once it changes anything.
+  void beginStep(const std::string& name);
+  /// Closes the open step: a step that changed nothing is forgotten.
+  void endStep();
+  /// @return whether a step is open
+  bool stepOpen() const { return open_ != nullptr; }
+  /// The name of the step opened by a change when none is open.
+  void setImplicitName(const std::string& name) { implicitName_ = name; }
+
+  /// @return the step that takes the next pre-image, opened under the implicit name when none is open
+  Step& current();
+  /// @return whether the open step already holds a pre-image of the entity
+  bool holdsEntity(UniqueID_t id) const { return open_ && open_->entities.count(id) > 0; }
+  bool holdsTable(long id) const { return open_ && open_->tables.count(id) > 0; }
+  bool holdsScenario() const { return open_ && open_->hasScenario; }
+
+  /// @return the steps that can be undone, oldest first; the open step is not among them
+  const std::vector<std::unique_ptr<Step>>& undoSteps() const { return undo_; }
+  /// @return the steps that can be redone, the next to redo last
+  const std::vector<std::unique_ptr<Step>>& redoSteps() const { return redo_; }
+
+  /// Takes the newest step to undo, closing the open one first. @return null when there is none
+  std::unique_ptr<Step> takeUndo();
+  /// Takes the next step to redo. @return null when there is none
+  std::unique_ptr<Step> takeRedo();
+  /// Files a step that was undone, to redo.
+  void pushRedo(std::unique_ptr<Step> step) { redo_.push_back(std::move(step)); }
+  /// Files a step that was redone, to undo again.
+  void pushUndo(std::unique_ptr<Step> step) { undo_.push_back(std::move(step)); }
+
+  /// Forgets every step, as when a scenario is opened or closed.
+  void clear();
+
+private:
+  std::unique_ptr<Step> open_;
+  std::string implicitName_ = "Edit";
+  std::vector<std::unique_ptr<Step>> undo_;
+  std::vector<std::unique_ptr<Step>> redo_;
+};
+
+} // namespace kelvor
