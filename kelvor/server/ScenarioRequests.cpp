@@ -90,8 +90,7 @@ std::int64_t ScenarioRequests::initialized_(void* record)
   ScenarioStore& store = state_.store;
   if (r.integerAt(0) == PISelector::SCENARIO_INITIALIZE)
   {
-    store.reset();
-    store.editProperties().initialized = true;
+    store.startScenario();
     store.scenarioReset();
     return finish(r, true);
   }

@@ -132,6 +132,12 @@ void ScenarioStore::reset()
   clock_.reset();
 }
 
+void ScenarioStore::startScenario()
+{
+  reset();
+  properties_.initialized = true;
+}
+
 void ScenarioStore::replaceWith(ScenarioStore& other)
 {
   if (listener_)

@@ -46,6 +46,8 @@ public:
   void clearEntities();
   /// Empties the store for a new scenario: clearEntities, new properties and clock.
   void reset();
+  /// Starts a new, empty scenario: reset, and the scenario is initialised. Nothing to undo.
+  void startScenario();
   /// Takes over everything other holds, as when a file is opened; the listener hears the old
   /// scenario close and the new one arrive. other is left empty.
   void replaceWith(ScenarioStore& other);

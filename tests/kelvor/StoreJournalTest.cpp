@@ -1,0 +1,209 @@
+// The store's journal: every change a plug-in makes through the call path undoes to the very
+// file the scenario was before, and redoes to the file of the change.
+#include "files/ScenarioWriter.h"
+#include "host/PIData.h"
+#include "host/PIDataCategories.h"
+#include "host/PIDataTableCreateHelper.h"
+#include "support/RandomScenario.h"
+#include "support/ServerFixture.h"
+
+#include <sstream>
+
+namespace
+{
+
+class StoreJournal : public ServerFixture
+{
+protected:
+  std::string file() const
+  {
+    std::ostringstream out;
+    kelvor::ScenarioWriter(store).write(out);
+    return out.str();
+  }
+
+  /// A scenario of every kind, journalled from here on.
+  void makeScenario(unsigned seed)
+  {
+    store.keepJournal(false);
+    SeededRandom random(seed);
+    RandomScenario scenario;
+    scenario.mostPlatforms = 6;
+    scenario.make(random);
+    store.keepJournal(true);
+  }
+
+  static std::vector<UniqueID_t> platforms()
+  {
+    std::vector<UniqueID_t> ids;
+    PIData::getPlatformList(&ids);
+    return ids;
+  }
+
+  /// Rewrites a platform whole, as the thinning commands do: flush, then the kept points again.
+  static void rewriteEveryOtherPoint(UniqueID_t id)
+  {
+    std::vector<PIData::PIPlatformPoint> points;
+    PIData::getDataPoints(id, -1e12, 1e12, &points);
+    std::vector<PIData::PIPlatformPoint> kept;
+    for (std::size_t i = 0; i < points.size(); i += 2)
+      kept.push_back(points[i]);
+    PIData::flushEntityData(id, PIData::FLUSH_POINTS);
+    PIData::addDataPoints(id, &kept);
+  }
+
+  /// Changes of every kind the store keeps, through the plug-in's call path.
+  void changeEverything()
+  {
+    const std::vector<UniqueID_t> ids = platforms();
+    ASSERT_GE(ids.size(), 3u);
+    rewriteEveryOtherPoint(ids[0]);
+    PIData::removeEntity(ids[1], false);
+    PIData::flushEntityData(ids[2], PIData::FLUSH_ALL);
+    PIData::setColor(ids[2], 0x11223344, 5.0);
+    PIData::PIPlatformHeader header;
+    header.name = "Pasted";
+    PIData::PIPlatformPoint point;
+    point.time = 3.0;
+    point.position = {0.5, -2.0, 10.0};
+    const UniqueID_t made = PIData::createPlatform(&header, &point);
+    PIData::PIBeamHeader beamHeader;
+    beamHeader.name = "Radar";
+    const PIData::PIBeamPoint beamPoint{0.1, 0.1, 100.0, 3.0};
+    PIData::createBeam(made, &beamHeader, &beamPoint, true);
+    PIData::PICategoryDataPoint category{4.0, "Side", "Red"};
+    PIData::addCategoryData(ids[0], &category);
+    PIData::PIGenericDataPoint generic{4.0, -1.0, "Note", "edited"};
+    PIData::createGenericData(made, &generic);
+    PIData::PIDataTableCreateHelper helper;
+    helper.addColumn("Fuel", UTILS::VT_DOUBLE);
+    long table = -1;
+    helper.create(made, "Telemetry", &table);
+    std::vector<long> columns;
+    PIData::getDataTableColumns(table, &columns);
+    PIData::DataTableRowT row(3.0);
+    PIData::DataTableRowT::setCellValueT(row, columns.front(), 0.75);
+    PIData::addDataTableRow(table, row);
+    std::vector<long> tables;
+    PIData::getAllDataTableIDs(ids[0], &tables);
+    for (long each : tables)
+      PIData::removeDataTable(each);
+    PIData::setDescription("Edited scenario");
+    PIData::setReferenceYear(PIData::getReferenceYear() + 1);
+    PIData::setOriginLLA(0.1, 0.2, 30.0);
+    header.name = "Renamed";
+    PIData::updateHeader(ids[0], &header);
+  }
+};
+
+} // namespace
+
+TEST_F(StoreJournal, AStepOfEveryKindOfChangeUndoesToTheFileBeforeAndRedoesToTheFileAfter)
+{
+  for (unsigned seed : {1u, 7u, 19u})
+  {
+    makeScenario(seed);
+    const std::string before = file();
+    store.journal()->beginStep("Edit by test");
+    changeEverything();
+    store.journal()->endStep();
+    const std::string after = file();
+    ASSERT_NE(before, after);
+    ASSERT_EQ(1u, store.journal()->undoSteps().size());
+    EXPECT_EQ("Edit by test", store.journal()->undoSteps().back()->name);
+
+    ASSERT_TRUE(store.undo());
+    EXPECT_EQ(before, file()) << "seed " << seed;
+    ASSERT_TRUE(store.redo());
+    EXPECT_EQ(after, file()) << "seed " << seed;
+    ASSERT_TRUE(store.undo());
+    EXPECT_EQ(before, file()) << "seed " << seed;
+    EXPECT_FALSE(store.undo()) << "nothing more to undo";
+  }
+}
+
+TEST_F(StoreJournal, StepsUndoOneByOneAndANewChangeDropsWhatWasUndone)
+{
+  makeScenario(3);
+  std::vector<std::string> files{file()};
+  const std::vector<UniqueID_t> ids = platforms();
+  for (std::size_t step = 0; step < 3; ++step)
+  {
+    store.journal()->beginStep("Step " + std::to_string(step + 1));
+    rewriteEveryOtherPoint(ids[step]);
+    store.journal()->endStep();
+    files.push_back(file());
+  }
+  ASSERT_EQ(3u, store.journal()->undoSteps().size());
+  for (std::size_t step = 3; step > 0; --step)
+  {
+    ASSERT_TRUE(store.undo());
+    EXPECT_EQ(files[step - 1], file()) << "after undoing step " << step;
+  }
+  ASSERT_TRUE(store.redo());
+  EXPECT_EQ(files[1], file());
+  EXPECT_EQ(2u, store.journal()->redoSteps().size());
+
+  // A change after an undo: the undone steps cannot come back.
+  PIData::setDescription("another way");
+  store.journal()->endStep();
+  EXPECT_TRUE(store.journal()->redoSteps().empty());
+  EXPECT_FALSE(store.redo());
+  EXPECT_EQ("Edit", store.journal()->undoSteps().back()->name) << "a change outside a named step";
+}
+
+TEST_F(StoreJournal, ReadingChangesNothingAndLeavesNoStep)
+{
+  makeScenario(5);
+  const std::vector<UniqueID_t> ids = platforms();
+  store.journal()->beginStep("Reading");
+  for (UniqueID_t id : ids)
+  {
+    std::vector<PIData::PIPlatformPoint> points;
+    PIData::getDataPoints(id, -1e12, 1e12, &points);
+    std::vector<PIData::PICategoryDataPoint> categories;
+    PIData::retrieveAllCategoryData(id, &categories);
+    std::vector<long> tables;
+    PIData::getAllDataTableIDs(id, &tables);
+    for (long table : tables)
+    {
+      std::vector<long> columns;
+      PIData::getDataTableColumns(table, &columns);
+      PIData::getDataTableName(table);
+    }
+    PIData::getEarliestTime(id);
+    PIData::getLatestTime(id);
+  }
+  PIData::getReferenceYear();
+  PIData::getDescription();
+  PIData::PICoordReferenceFrame frame;
+  PIData::getScenarioCoordReferenceFrame(&frame);
+  store.journal()->endStep();
+  EXPECT_TRUE(store.journal()->undoSteps().empty());
+}
+
+TEST_F(StoreJournal, AFlushHandsItsSeriesToTheJournalAndAStepHoldsOnlyWhatItTouched)
+{
+  makeScenario(9);
+  const std::vector<UniqueID_t> ids = platforms();
+  const std::size_t points = store.entity(ids[0])->platformPoints.size();
+  store.journal()->beginStep("Thin");
+  rewriteEveryOtherPoint(ids[0]);
+  store.journal()->endStep();
+  const auto& step = *store.journal()->undoSteps().back();
+  ASSERT_EQ(1u, step.entities.size()) << "one platform touched, one pre-image";
+  EXPECT_EQ(points, step.entities.at(ids[0])->platformPoints.size());
+  EXPECT_TRUE(step.tables.empty());
+  EXPECT_FALSE(step.hasScenario);
+}
+
+TEST_F(StoreJournal, OpeningAnotherScenarioForgetsTheSteps)
+{
+  makeScenario(11);
+  PIData::setDescription("changed");
+  store.journal()->endStep();
+  ASSERT_EQ(1u, store.journal()->undoSteps().size());
+  PIData::initializeScenario();
+  EXPECT_TRUE(store.journal()->undoSteps().empty());
+  EXPECT_FALSE(store.undo());
+}
