@@ -29,6 +29,7 @@ StoreJournal::Step& StoreJournal::current()
   {
     open_ = std::make_unique<Step>();
     open_->name = implicitName_;
+    open_->implicit = true;
   }
   return *open_;
 }

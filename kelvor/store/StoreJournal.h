@@ -43,6 +43,7 @@ public:
     std::map<long, std::unique_ptr<DataTable>> tables;
     std::unique_ptr<Scenario> scenario;
     bool hasScenario = false;
+    bool implicit = false; ///< opened by a change, not by a command
 
     bool empty() const { return entities.empty() && tables.empty() && !hasScenario; }
   };
@@ -53,6 +54,8 @@ public:
   void endStep();
   /// @return whether a step is open
   bool stepOpen() const { return open_ != nullptr; }
+  /// @return whether the open step was opened by a change rather than by a command
+  bool implicitStepOpen() const { return open_ && open_->implicit; }
   /// The name of the step opened by a change when none is open.
   void setImplicitName(const std::string& name) { implicitName_ = name; }
 

@@ -7,7 +7,8 @@
 namespace kelvor
 {
 
-void ContextMenuRenderer::render(const ContextMenu& menu, QMenu& target, const IconSource& icons)
+void ContextMenuRenderer::render(const ContextMenu& menu, QMenu& target, const IconSource& icons,
+                                 const CommandRunner& run)
 {
   for (const ContextMenu::Entry* entry : menu.sorted())
   {
@@ -18,7 +19,7 @@ void ContextMenuRenderer::render(const ContextMenu& menu, QMenu& target, const I
       break;
     case ContextMenu::Entry::SUB_MENU:
       if (!entry->subMenu->empty())
-        render(*entry->subMenu, *target.addMenu(QString::fromStdString(entry->text)), icons);
+        render(*entry->subMenu, *target.addMenu(QString::fromStdString(entry->text)), icons, run);
       break;
     case ContextMenu::Entry::ITEM: {
       QAction* action = target.addAction(QString::fromStdString(entry->text));
@@ -30,7 +31,13 @@ void ContextMenuRenderer::render(const ContextMenu& menu, QMenu& target, const I
         if (pixmap.loadFromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<uint>(bytes.size())))
           action->setIcon(QIcon(pixmap));
       }
-      QObject::connect(action, &QAction::triggered, [entry]() { ContextMenu::activate(*entry); });
+      QObject::connect(action, &QAction::triggered, [entry, run]() {
+        const auto command = [entry] { ContextMenu::activate(*entry); };
+        if (run)
+          run(entry->text, command);
+        else
+          command();
+      });
       break;
     }
     }

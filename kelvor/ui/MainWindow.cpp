@@ -1,5 +1,7 @@
 #include "ui/MainWindow.h"
 
+#include <QAbstractEventDispatcher>
+
 #include "files/CsvTrackReader.h"
 #include "files/ScenarioReader.h"
 #include "files/ScenarioWriter.h"
@@ -85,6 +87,10 @@ MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* pare
   connect(globe_, &GlobeWidget::contextMenuRequested, this,
           [this](UniqueID_t id, const QPoint& at) { showContextMenu(0, {id}, at); });
   saveQuestion_ = [this](const QString& what) { return askWithDialog(this, what); };
+  // Every change is journalled, so that any plug-in's edit can be taken back.
+  store_.keepJournal(true);
+  connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+          &MainWindow::closeImplicitStep_);
   buildMenus_();
   resize(1400, 900);
   updateTitle_();
@@ -130,6 +136,12 @@ void MainWindow::buildMenus_()
   });
   file->addSeparator();
   file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+
+  QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+  undo_ = edit->addAction(tr("Undo"), this, [this]() { undo(); }, QKeySequence::Undo);
+  redo_ = edit->addAction(tr("Redo"), this, [this]() { redo(); }, QKeySequence(tr("Ctrl+Shift+Z")));
+  connect(edit, &QMenu::aboutToShow, this, &MainWindow::updateUndoActions_);
+  updateUndoActions_();
 
   pluginMenu_ = menuBar()->addMenu(tr("&Plug-ins"));
   QMenu* view = menuBar()->addMenu(tr("&View"));
@@ -182,7 +194,7 @@ void MainWindow::rebuildPluginMenu()
     const long handle = item.handle;
     connect(action, &QAction::triggered, this, [this, handle]() {
       if (const PluginMenu::Item* current = server_.pluginMenu().item(handle))
-        PluginMenu::activate(*current);
+        runCommand(PluginMenu::label(*current), [current] { PluginMenu::activate(*current); });
     });
   }
   pluginMenu_->setEnabled(!pluginMenu_->isEmpty());
@@ -195,7 +207,10 @@ void MainWindow::showContextMenu(int what, const std::vector<UniqueID_t>& ids, c
     return;
   QMenu menu(this);
   menu.setObjectName("ContextMenu");
-  ContextMenuRenderer::render(*built, menu, [this](long id) { return server_.iconBytes(id); });
+  ContextMenuRenderer::render(*built, menu, [this](long id) { return server_.iconBytes(id); },
+                              [this](const std::string& text, const std::function<void()>& command) {
+                                runCommand(text, command);
+                              });
   menu.exec(globalPosition);
 }
 
@@ -319,6 +334,58 @@ void MainWindow::closeEvent(QCloseEvent* event)
     event->accept();
   else
     event->ignore();
+}
+
+void MainWindow::runCommand(const std::string& text, const std::function<void()>& command)
+{
+  StoreJournal* journal = store_.journal();
+  if (journal)
+    journal->beginStep(text);
+  command();
+  if (journal)
+    journal->endStep();
+  updateUndoActions_();
+}
+
+void MainWindow::closeImplicitStep_()
+{
+  StoreJournal* journal = store_.journal();
+  if (!journal || !journal->implicitStepOpen())
+    return;
+  journal->endStep();
+  updateUndoActions_();
+}
+
+void MainWindow::updateUndoActions_()
+{
+  StoreJournal* journal = store_.journal();
+  const auto named = [](const char* verb, const std::vector<std::unique_ptr<StoreJournal::Step>>& steps) {
+    return steps.empty() ? QString(verb) : QString("%1 \"%2\"").arg(verb, QString::fromStdString(steps.back()->name));
+  };
+  if (!undo_ || !journal)
+    return;
+  const QString undoText = named("Undo", journal->undoSteps());
+  const QString redoText = named("Redo", journal->redoSteps());
+  if (undo_->text() != undoText)
+    undo_->setText(undoText);
+  if (redo_->text() != redoText)
+    redo_->setText(redoText);
+  undo_->setEnabled(!journal->undoSteps().empty() || journal->stepOpen());
+  redo_->setEnabled(!journal->redoSteps().empty());
+}
+
+void MainWindow::undo()
+{
+  if (store_.undo())
+    setModified(true);
+  updateUndoActions_();
+}
+
+void MainWindow::redo()
+{
+  if (store_.redo())
+    setModified(true);
+  updateUndoActions_();
 }
 
 } // namespace kelvor

@@ -74,6 +74,17 @@ public:
   /// Shows the plug-ins' right-click menu for entities. @param what 0 the view, 3 a list
   void showContextMenu(int what, const std::vector<UniqueID_t>& ids, const QPoint& globalPosition);
 
+  /// @return Edit > Undo, named after the step it undoes
+  QAction* undoAction() const { return undo_; }
+  /// @return Edit > Redo, named after the step it redoes
+  QAction* redoAction() const { return redo_; }
+  /// Runs a plug-in's menu command as one step of the journal, named after the menu text.
+  void runCommand(const std::string& text, const std::function<void()>& command);
+  /// Undoes the newest step; the views and plug-ins hear of it as of a new scenario state.
+  void undo();
+  /// Redoes the newest undone step.
+  void redo();
+
 protected:
   void closeEvent(QCloseEvent* event) override;
 
@@ -84,6 +95,10 @@ private:
   void notifyProblems_(const ReadReport& report);
   bool maySetAside_(const QString& what);
   void updateTitle_();
+  /// Names and enables Undo and Redo after the journal's steps.
+  void updateUndoActions_();
+  /// Closes a step that a change opened by itself, once control is back in the event loop.
+  void closeImplicitStep_();
 
   ScenarioStore& store_;
   KelvorServer& server_;
@@ -92,6 +107,8 @@ private:
   NotificationsDock* notifications_;
   ClockBar* clockBar_;
   QMenu* pluginMenu_ = nullptr;
+  QAction* undo_ = nullptr;
+  QAction* redo_ = nullptr;
   QLabel* toast_;
   QLabel* cursor_;
   QTimer* refreshTimer_;

@@ -23,6 +23,7 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QDrag>
+#include <QEventLoop>
 #include <QLabel>
 #include <QMenu>
 #include <QTemporaryDir>
@@ -799,4 +800,75 @@ TEST_F(ScenarioEditorEndToEnd, DropSideOfTwoKelvorLites)
   std::cout << "DROP AT " << at.x() << " " << at.y() << std::endl;
   ASSERT_TRUE(QTest::qWaitFor([&] { return host->store().list(PI_ALL_TYPES).size() > before + 4; }, 120000));
   ASSERT_TRUE(host->window().saveAs(target));
+}
+
+namespace
+{
+
+/// Waits for a condition in a real event loop, which blocks while nothing happens: the host
+/// closes a change's step when its loop would block, which QTest's waiting never does.
+bool waitInEventLoop(const std::function<bool()>& condition, int milliseconds)
+{
+  QEventLoop loop;
+  QTimer check;
+  QObject::connect(&check, &QTimer::timeout, &loop, [&] {
+    if (condition())
+      loop.quit();
+  });
+  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+  check.start(20);
+  loop.exec();
+  return condition();
+}
+
+} // namespace
+
+// Edit > Undo takes back a command of the editor's own menu, and the views follow; Redo makes it again.
+TEST_F(ScenarioEditorEndToEnd, UndoTakesBackRemoveDuplicatePointsAndRedoMakesItAgain)
+{
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  QTreeView* tree = editorTree(*editor);
+  ASSERT_NE(nullptr, tree);
+  QAction* undo = host->window().undoAction();
+  QAction* redo = host->window().redoAction();
+  ASSERT_TRUE(undo && redo);
+  EXPECT_FALSE(undo->isEnabled()) << "a scenario just opened has nothing to undo";
+
+  ASSERT_FALSE(chooseFromTreeMenu(*tree, "Remove Duplicate Points...").isEmpty());
+  ASSERT_EQ(30u, trackPoints());
+  // The command's step closes once control is back in the event loop.
+  ASSERT_TRUE(waitInEventLoop([&] { return undo->isEnabled(); }, 10000));
+  EXPECT_TRUE(undo->text().startsWith("Undo \"Edit by ")) << undo->text().toStdString();
+  EXPECT_EQ(QKeySequence(QKeySequence::Undo), undo->shortcut());
+  EXPECT_EQ(QKeySequence("Ctrl+Shift+Z"), redo->shortcut());
+
+  undo->trigger();
+  EXPECT_EQ(60u, trackPoints());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return dataBrowserPoints() == "60"; }, 10000)) << "the Data Browser follows";
+  EXPECT_TRUE(redo->isEnabled());
+  EXPECT_TRUE(redo->text().startsWith("Redo \"Edit by ")) << redo->text().toStdString();
+
+  redo->trigger();
+  EXPECT_EQ(30u, trackPoints());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return dataBrowserPoints() == "30"; }, 10000));
+}
+
+// A command of the host's menus is one step, named after its menu text, however many changes it makes.
+TEST_F(ScenarioEditorEndToEnd, ACommandOfTheHostsMenusUndoesAsOneNamedStep)
+{
+  const std::size_t entities = host->store().entityCount();
+  host->window().runCommand("Look Only", [] {});
+  EXPECT_FALSE(host->window().undoAction()->isEnabled()) << "a command that changed nothing leaves no step";
+  host->window().runCommand("Remove Two", [&] {
+    host->store().removeEntity(trackId());
+    host->store().removeEntity(host->store().findPlatform("Buoy 7"));
+  });
+  EXPECT_EQ(entities - 2, host->store().entityCount());
+  EXPECT_EQ("Undo \"Remove Two\"", host->window().undoAction()->text());
+  host->window().undo();
+  EXPECT_EQ(entities, host->store().entityCount());
+  EXPECT_NE(0u, trackId());
+  EXPECT_EQ(60u, trackPoints());
+  EXPECT_EQ("Redo \"Remove Two\"", host->window().redoAction()->text());
 }
