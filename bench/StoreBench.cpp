@@ -1,6 +1,6 @@
 // Bulk track work through the whole call path (wrapper, handle, server, store): adding and
-// reading a million platform points, in LLA and in ECEF, one addDataPoint, and the store's
-// memory per point.
+// reading a million platform points, in LLA and in ECEF, one addDataPoint, the store's memory
+// per point, and what the undo journal adds to a rewrite of a million-point track and costs to undo.
 #include "BenchHost.h"
 #include "host/PIData.h"
 
@@ -56,6 +56,57 @@ void BM_AddDataPoints(benchmark::State& state)
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 BENCHMARK(BM_AddDataPoints)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+// A command that rewrites a million-point track (flush, then every other point again), with
+// the journal off (0) and on (1): what journalling adds to it.
+void BM_RewriteTrack(benchmark::State& state)
+{
+  const auto points = track(1000000);
+  std::vector<PIData::PIPlatformPoint> kept;
+  for (std::size_t i = 0; i < points.size(); i += 2)
+    kept.push_back(points[i]);
+  for (auto _ : state)
+  {
+    state.PauseTiming();
+    Host host;
+    const UniqueID_t id = newPlatform();
+    PIData::addDataPoints(id, &points);
+    host.store.keepJournal(state.range(0) != 0);
+    state.ResumeTiming();
+    PIData::flushEntityData(id, PIData::FLUSH_POINTS);
+    PIData::addDataPoints(id, &kept);
+    if (host.store.journal())
+      host.store.journal()->endStep();
+  }
+}
+BENCHMARK(BM_RewriteTrack)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// Undo and redo of that rewrite: the million points come back, then go again.
+void BM_UndoRewriteTrack(benchmark::State& state)
+{
+  const auto points = track(1000000);
+  std::vector<PIData::PIPlatformPoint> kept;
+  for (std::size_t i = 0; i < points.size(); i += 2)
+    kept.push_back(points[i]);
+  for (auto _ : state)
+  {
+    state.PauseTiming();
+    Host host;
+    const UniqueID_t id = newPlatform();
+    PIData::addDataPoints(id, &points);
+    host.store.keepJournal(true);
+    PIData::flushEntityData(id, PIData::FLUSH_POINTS);
+    PIData::addDataPoints(id, &kept);
+    state.ResumeTiming();
+    host.store.undo();
+    host.store.redo();
+    state.PauseTiming();
+    if (host.store.entity(id)->platformPoints.size() != kept.size())
+      state.SkipWithError("redo did not give the rewritten track");
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_UndoRewriteTrack)->Unit(benchmark::kMillisecond);
 
 void BM_GetDataPoints(benchmark::State& state)
 {
