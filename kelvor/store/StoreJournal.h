@@ -44,6 +44,7 @@ public:
     std::unique_ptr<Scenario> scenario;
     bool hasScenario = false;
     bool implicit = false; ///< opened by a change, not by a command
+    std::size_t bytes = 0; ///< about what the pre-images take, counted when the step closes
 
     bool empty() const { return entities.empty() && tables.empty() && !hasScenario; }
   };
@@ -76,15 +77,36 @@ public:
   /// Takes the next step to redo. @return null when there is none
   std::unique_ptr<Step> takeRedo();
   /// Files a step that was undone, to redo.
-  void pushRedo(std::unique_ptr<Step> step) { redo_.push_back(std::move(step)); }
+  void pushRedo(std::unique_ptr<Step> step) { file_(redo_, std::move(step)); }
   /// Files a step that was redone, to undo again.
-  void pushUndo(std::unique_ptr<Step> step) { undo_.push_back(std::move(step)); }
+  void pushUndo(std::unique_ptr<Step> step) { file_(undo_, std::move(step)); }
 
   /// Forgets every step, as when a scenario is opened or closed.
   void clear();
 
+  /// The memory the closed steps may take; past it the oldest are dropped. 1 GiB unless set.
+  void setBudget(std::size_t bytes);
+  std::size_t budget() const { return budget_; }
+  /// @return about what the closed steps' pre-images take, bytes
+  std::size_t bytes() const { return bytes_; }
+  /// @return whether older steps were dropped to stay within the budget since the journal was cleared
+  bool cut() const { return cut_; }
+
+  /// @return about the memory an entity's data take, bytes
+  static std::size_t approximateBytes(const Entity& entity);
+  /// @return about the memory a table's rows take, bytes
+  static std::size_t approximateBytes(const DataTable& table);
+
 private:
+  /// Drops the oldest steps to undo, then to redo, while the steps take more than the budget.
+  void keepWithinBudget_();
+  void file_(std::vector<std::unique_ptr<Step>>& steps, std::unique_ptr<Step> step);
+  static std::size_t measure_(const Step& step);
+
   std::unique_ptr<Step> open_;
+  std::size_t budget_ = std::size_t(1) << 30;
+  std::size_t bytes_ = 0;
+  bool cut_ = false;
   std::string implicitName_ = "Edit";
   std::vector<std::unique_ptr<Step>> undo_;
   std::vector<std::unique_ptr<Step>> redo_;

@@ -207,3 +207,44 @@ TEST_F(StoreJournal, OpeningAnotherScenarioForgetsTheSteps)
   EXPECT_TRUE(store.journal()->undoSteps().empty());
   EXPECT_FALSE(store.undo());
 }
+
+TEST_F(StoreJournal, TheOldestStepsGoWhenTheJournalOutgrowsItsBudget)
+{
+  makeScenario(13);
+  const std::vector<UniqueID_t> ids = platforms();
+  const std::string first = file();
+  std::size_t stepBytes = 0;
+  for (std::size_t step = 0; step < 4; ++step)
+  {
+    store.journal()->beginStep("Thin " + std::to_string(step + 1));
+    rewriteEveryOtherPoint(ids[step % ids.size()]);
+    store.journal()->endStep();
+    stepBytes = std::max(stepBytes, store.journal()->undoSteps().back()->bytes);
+  }
+  ASSERT_EQ(4u, store.journal()->undoSteps().size());
+  EXPECT_FALSE(store.journal()->cut());
+  EXPECT_GT(store.journal()->bytes(), 0u);
+
+  // Room for about two steps: the two oldest go, and the history says it was cut.
+  store.journal()->setBudget(2 * stepBytes + stepBytes / 2);
+  EXPECT_LE(store.journal()->undoSteps().size(), 3u);
+  EXPECT_GE(store.journal()->undoSteps().size(), 1u);
+  EXPECT_TRUE(store.journal()->cut());
+  EXPECT_EQ("Thin 4", store.journal()->undoSteps().back()->name);
+  EXPECT_LE(store.journal()->bytes(), store.journal()->budget());
+  while (store.undo())
+  {
+  }
+  EXPECT_NE(first, file()) << "what was cut cannot be undone";
+
+  // However small the budget, the last step stays.
+  store.journal()->setBudget(1);
+  store.journal()->beginStep("Last");
+  rewriteEveryOtherPoint(ids[0]);
+  store.journal()->endStep();
+  EXPECT_EQ(1u, store.journal()->undoSteps().size() + store.journal()->redoSteps().size());
+  const std::string changed = file();
+  ASSERT_TRUE(store.undo());
+  ASSERT_TRUE(store.redo());
+  EXPECT_EQ(changed, file());
+}
