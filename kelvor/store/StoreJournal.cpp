@@ -21,7 +21,7 @@ void StoreJournal::endStep()
     undo_.push_back(std::move(open_));
     // A new change makes what was undone before unreachable.
     for (const auto& step : redo_)
-      bytes_ -= step->bytes;
+      drop_(*step);
     redo_.clear();
     keepWithinBudget_();
   }
@@ -37,6 +37,27 @@ void StoreJournal::file_(std::vector<std::unique_ptr<Step>>& steps, std::unique_
   keepWithinBudget_();
 }
 
+void StoreJournal::drop_(const Step& step)
+{
+  bytes_ -= step.bytes;
+  if (&step == clean_)
+    cleanReachable_ = false;
+}
+
+void StoreJournal::markClean()
+{
+  endStep();
+  clean_ = undo_.empty() ? nullptr : undo_.back().get();
+  cleanReachable_ = true;
+}
+
+bool StoreJournal::isClean() const
+{
+  if (!cleanReachable_ || (open_ && !open_->empty()))
+    return false;
+  return (undo_.empty() ? nullptr : undo_.back().get()) == clean_;
+}
+
 void StoreJournal::setBudget(std::size_t bytes)
 {
   budget_ = bytes;
@@ -49,7 +70,10 @@ void StoreJournal::keepWithinBudget_()
   while (bytes_ > budget_ && undo_.size() + redo_.size() > 1)
   {
     std::vector<std::unique_ptr<Step>>& from = undo_.size() > 1 || redo_.empty() ? undo_ : redo_;
-    bytes_ -= from.front()->bytes;
+    // The state with nothing to undo goes with the oldest step to undo.
+    if (&from == &undo_ && clean_ == nullptr)
+      cleanReachable_ = false;
+    drop_(*from.front());
     from.erase(from.begin());
     cut_ = true;
   }
@@ -133,6 +157,8 @@ void StoreJournal::clear()
   redo_.clear();
   bytes_ = 0;
   cut_ = false;
+  clean_ = nullptr;
+  cleanReachable_ = true;
 }
 
 } // namespace kelvor

@@ -92,6 +92,11 @@ public:
   /// @return whether older steps were dropped to stay within the budget since the journal was cleared
   bool cut() const { return cut_; }
 
+  /// Marks the present state as the saved one.
+  void markClean();
+  /// @return whether the present state is the one last marked clean (or the opened one, if none)
+  bool isClean() const;
+
   /// @return about the memory an entity's data take, bytes
   static std::size_t approximateBytes(const Entity& entity);
   /// @return about the memory a table's rows take, bytes
@@ -101,12 +106,18 @@ private:
   /// Drops the oldest steps to undo, then to redo, while the steps take more than the budget.
   void keepWithinBudget_();
   void file_(std::vector<std::unique_ptr<Step>>& steps, std::unique_ptr<Step> step);
+  /// Forgets a step for good, noting when the clean state goes with it.
+  void drop_(const Step& step);
   static std::size_t measure_(const Step& step);
 
   std::unique_ptr<Step> open_;
   std::size_t budget_ = std::size_t(1) << 30;
   std::size_t bytes_ = 0;
   bool cut_ = false;
+  /// The step to undo last in the clean state; null for the state with nothing to undo.
+  const Step* clean_ = nullptr;
+  /// False once the clean state cannot be reached again: its step was dropped.
+  bool cleanReachable_ = true;
   std::string implicitName_ = "Edit";
   std::vector<std::unique_ptr<Step>> undo_;
   std::vector<std::unique_ptr<Step>> redo_;

@@ -280,6 +280,9 @@ bool MainWindow::saveAs(const QString& path)
     return false;
   }
   fileName_ = path;
+  // Undoing back to here is a saved scenario again.
+  if (StoreJournal* journal = store_.journal())
+    journal->markClean();
   setModified(false);
   statusBar()->showMessage(tr("Saved %1").arg(path), 4000);
   return true;
@@ -377,14 +380,14 @@ void MainWindow::updateUndoActions_()
 void MainWindow::undo()
 {
   if (store_.undo())
-    setModified(true);
+    setModified(!store_.journal()->isClean());
   updateUndoActions_();
 }
 
 void MainWindow::redo()
 {
   if (store_.redo())
-    setModified(true);
+    setModified(!store_.journal()->isClean());
   updateUndoActions_();
 }
 

@@ -843,14 +843,17 @@ TEST_F(ScenarioEditorEndToEnd, UndoTakesBackRemoveDuplicatePointsAndRedoMakesItA
   EXPECT_EQ(QKeySequence(QKeySequence::Undo), undo->shortcut());
   EXPECT_EQ(QKeySequence("Ctrl+Shift+Z"), redo->shortcut());
 
+  EXPECT_TRUE(host->window().isModified());
   undo->trigger();
   EXPECT_EQ(60u, trackPoints());
+  EXPECT_FALSE(host->window().isModified()) << "undone back to the file as opened";
   EXPECT_TRUE(QTest::qWaitFor([&] { return dataBrowserPoints() == "60"; }, 10000)) << "the Data Browser follows";
   EXPECT_TRUE(redo->isEnabled());
   EXPECT_TRUE(redo->text().startsWith("Redo \"Edit by ")) << redo->text().toStdString();
 
   redo->trigger();
   EXPECT_EQ(30u, trackPoints());
+  EXPECT_TRUE(host->window().isModified());
   EXPECT_TRUE(QTest::qWaitFor([&] { return dataBrowserPoints() == "30"; }, 10000));
 }
 

@@ -96,6 +96,24 @@ protected:
   }
 };
 
+/// Makes named steps of one change each.
+struct StoreJournalSteps
+{
+  kelvor::ScenarioStore& store;
+  int made = 0;
+
+  void thin(UniqueID_t id)
+  {
+    store.journal()->beginStep("Thin " + std::to_string(++made));
+    std::vector<PIData::PIPlatformPoint> points;
+    PIData::getDataPoints(id, -1e12, 1e12, &points);
+    points.resize(points.size() / 2 + 1);
+    PIData::flushEntityData(id, PIData::FLUSH_POINTS);
+    PIData::addDataPoints(id, &points);
+    store.journal()->endStep();
+  }
+};
+
 } // namespace
 
 TEST_F(StoreJournal, AStepOfEveryKindOfChangeUndoesToTheFileBeforeAndRedoesToTheFileAfter)
@@ -247,4 +265,28 @@ TEST_F(StoreJournal, TheOldestStepsGoWhenTheJournalOutgrowsItsBudget)
   ASSERT_TRUE(store.undo());
   ASSERT_TRUE(store.redo());
   EXPECT_EQ(changed, file());
+}
+
+TEST_F(StoreJournal, TheSavedStateIsCleanAgainWhenUndoOrRedoComesBackToIt)
+{
+  makeScenario(17);
+  const std::vector<UniqueID_t> ids = platforms();
+  StoreJournalSteps steps{store};
+  EXPECT_TRUE(store.journal()->isClean()) << "as opened";
+  steps.thin(ids[0]);
+  EXPECT_FALSE(store.journal()->isClean());
+  store.journal()->markClean();
+  steps.thin(ids[1]);
+  EXPECT_FALSE(store.journal()->isClean());
+  ASSERT_TRUE(store.undo());
+  EXPECT_TRUE(store.journal()->isClean()) << "back to the save";
+  ASSERT_TRUE(store.undo());
+  EXPECT_FALSE(store.journal()->isClean()) << "before the save";
+  ASSERT_TRUE(store.redo());
+  EXPECT_TRUE(store.journal()->isClean());
+  // A change after undoing past the save: the saved state can never come back.
+  ASSERT_TRUE(store.undo());
+  steps.thin(ids[2]);
+  ASSERT_TRUE(store.undo());
+  EXPECT_FALSE(store.journal()->isClean());
 }
