@@ -1,5 +1,7 @@
 #include "ui/MainWindow.h"
 
+#include "ui/UndoHistoryDock.h"
+
 #include <QAbstractEventDispatcher>
 
 #include "files/CsvTrackReader.h"
@@ -89,6 +91,9 @@ MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* pare
   saveQuestion_ = [this](const QString& what) { return askWithDialog(this, what); };
   // Every change is journalled, so that any plug-in's edit can be taken back.
   store_.keepJournal(true);
+  history_ = new UndoHistoryDock([this](int steps) { moveInHistory(steps); }, this);
+  addDockWidget(Qt::RightDockWidgetArea, history_);
+  history_->hide();
   connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
           &MainWindow::closeImplicitStep_);
   buildMenus_();
@@ -140,6 +145,8 @@ void MainWindow::buildMenus_()
   QMenu* edit = menuBar()->addMenu(tr("&Edit"));
   undo_ = edit->addAction(tr("Undo"), this, [this]() { undo(); }, QKeySequence::Undo);
   redo_ = edit->addAction(tr("Redo"), this, [this]() { redo(); }, QKeySequence(tr("Ctrl+Shift+Z")));
+  edit->addSeparator();
+  edit->addAction(history_->toggleViewAction());
   connect(edit, &QMenu::aboutToShow, this, &MainWindow::updateUndoActions_);
   updateUndoActions_();
 
@@ -148,6 +155,7 @@ void MainWindow::buildMenus_()
   view->addAction(dataBrowser_->toggleViewAction());
   view->addAction(notifications_->toggleViewAction());
   view->addAction(clockBar_->toggleViewAction());
+  view->addAction(history_->toggleViewAction());
   view->addAction(tr("Show &Scenario"), globe_, &GlobeWidget::showScenario);
   buildMapThemeMenu_(view->addMenu(tr("&Map Theme")));
   QMenu* help = menuBar()->addMenu(tr("&Help"));
@@ -329,6 +337,7 @@ void MainWindow::refreshNow()
   dataBrowser_->refresh();
   clockBar_->refresh();
   globe_->refresh();
+  updateUndoActions_();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -375,11 +384,25 @@ void MainWindow::updateUndoActions_()
     redo_->setText(redoText);
   undo_->setEnabled(!journal->undoSteps().empty() || journal->stepOpen());
   redo_->setEnabled(!journal->redoSteps().empty());
+  if (history_)
+    history_->showJournal(journal);
 }
 
 void MainWindow::undo()
 {
   if (store_.undo())
+    setModified(!store_.journal()->isClean());
+  updateUndoActions_();
+}
+
+void MainWindow::moveInHistory(int steps)
+{
+  bool moved = false;
+  for (int i = 0; i < -steps; ++i)
+    moved = store_.undo() || moved;
+  for (int i = 0; i < steps; ++i)
+    moved = store_.redo() || moved;
+  if (moved)
     setModified(!store_.journal()->isClean());
   updateUndoActions_();
 }

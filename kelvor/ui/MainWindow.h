@@ -14,6 +14,8 @@ class QTimer;
 namespace kelvor
 {
 
+class UndoHistoryDock;
+
 class ClockBar;
 class DataBrowser;
 class GlobeWidget;
@@ -84,6 +86,10 @@ public:
   void undo();
   /// Redoes the newest undone step.
   void redo();
+  /// Undoes (negative) or redoes (positive) that many steps at once, as the undo history does.
+  void moveInHistory(int steps);
+  /// @return the undo history dock
+  UndoHistoryDock* undoHistory() const { return history_; }
 
 protected:
   void closeEvent(QCloseEvent* event) override;
@@ -107,6 +113,7 @@ private:
   NotificationsDock* notifications_;
   ClockBar* clockBar_;
   QMenu* pluginMenu_ = nullptr;
+  UndoHistoryDock* history_ = nullptr;
   QAction* undo_ = nullptr;
   QAction* redo_ = nullptr;
   QLabel* toast_;

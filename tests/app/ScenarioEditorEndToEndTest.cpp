@@ -9,9 +9,11 @@
 #include "ui/DataBrowser.h"
 #include "ui/GlobeWidget.h"
 #include "ui/MainWindow.h"
+#include "ui/UndoHistoryDock.h"
 
 #include <QAction>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QSpinBox>
@@ -874,4 +876,32 @@ TEST_F(ScenarioEditorEndToEnd, ACommandOfTheHostsMenusUndoesAsOneNamedStep)
   EXPECT_NE(0u, trackId());
   EXPECT_EQ(60u, trackPoints());
   EXPECT_EQ("Redo \"Remove Two\"", host->window().redoAction()->text());
+}
+
+// The undo history lists the steps; choosing one goes back, or forward, several at once.
+TEST_F(ScenarioEditorEndToEnd, TheUndoHistoryGoesBackSeveralStepsAtOnce)
+{
+  const std::size_t entities = host->store().entityCount();
+  for (const char* name : {"Tanker 4", "Buoy 7", "Hawk 3"})
+    host->window().runCommand(std::string("Remove ") + name,
+                              [&] { host->store().removeEntity(host->store().findPlatform(name)); });
+  host->window().refreshNow();
+  QListWidget* list = host->window().undoHistory()->list();
+  ASSERT_EQ(4, list->count());
+  EXPECT_EQ("Scenario as opened", list->item(0)->text());
+  EXPECT_EQ("Remove Hawk 3", list->item(3)->text());
+  EXPECT_EQ(3, list->currentRow());
+
+  emit list->itemClicked(list->item(1));
+  EXPECT_EQ(0u, trackId()) << "the first step stays done";
+  EXPECT_NE(0u, host->store().findPlatform("Buoy 7"));
+  EXPECT_NE(0u, host->store().findPlatform("Hawk 3"));
+  EXPECT_EQ(1, list->currentRow());
+  EXPECT_EQ(4, list->count()) << "the undone steps stay listed, to redo";
+
+  emit list->itemClicked(list->item(0));
+  EXPECT_EQ(entities, host->store().entityCount());
+  EXPECT_FALSE(host->window().isModified()) << "back to the file as opened";
+  emit list->itemClicked(list->item(3));
+  EXPECT_EQ(entities - 3, host->store().entityCount());
 }
