@@ -654,6 +654,9 @@ TEST_F(ScenarioEditorEndToEnd, PasteSideOfTwoKelvorLites)
   QTreeView* tree = editorTree(*editor);
   ASSERT_NE(nullptr, tree);
   const std::size_t before = host->store().list(PI_ALL_TYPES).size();
+  // The other process serves the clipboard; a busy one may answer a request only at a retry.
+  ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::clipboard()->mimeData()->hasFormat("application/asi.1.0"); },
+                              120000));
   QStringList menu;
   ASSERT_TRUE(QTest::qWaitFor([&] { menu = chooseFromTreeMenu(*tree, "Paste Entity", TRACK, false); return !menu.isEmpty(); }, 30000));
   ASSERT_TRUE(menu.contains("Paste Entity")) << menu.join(", ").toStdString();
