@@ -19,7 +19,7 @@ std::string shortest(double value)
 
 } // namespace
 
-bool CommandArguments::parse(const std::vector<std::string>& words, const std::vector<OptionSpec>& options,
+bool CommandArguments::parse(const std::vector<std::string>& words, const std::vector<OptionRule>& options,
                              std::string& error)
 {
   files_.clear();
@@ -33,19 +33,19 @@ bool CommandArguments::parse(const std::vector<std::string>& words, const std::v
       files_.push_back(word);
       continue;
     }
-    const auto spec = std::find_if(options.begin(), options.end(), [&](const OptionSpec& o) { return o.name == word; });
-    if (spec == options.end())
+    const auto rule = std::find_if(options.begin(), options.end(), [&](const OptionRule& o) { return o.name == word; });
+    if (rule == options.end())
     {
       error = "unknown option '" + word + "'";
       return false;
     }
-    if (has(word) && !spec->repeatable)
+    if (has(word) && !rule->repeatable)
     {
       error = word + " is given twice";
       return false;
     }
     std::vector<std::string>& values = values_[word];
-    if (!spec->takesValue)
+    if (!rule->takesValue)
       continue;
     if (i + 1 >= words.size())
     {

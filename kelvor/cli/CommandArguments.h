@@ -9,7 +9,7 @@ namespace kelvor
 {
 
 /// One option of a command: "--name" alone, or "--name VALUE"; repeatable options collect every value.
-struct OptionSpec
+struct OptionRule
 {
   std::string name;        ///< with its dashes, as "--every"
   bool takesValue = false;
@@ -30,7 +30,7 @@ public:
    * @return false, with error set, for an unknown option, an option without its value, or an
    * option given twice that is not repeatable
    */
-  bool parse(const std::vector<std::string>& words, const std::vector<OptionSpec>& options, std::string& error);
+  bool parse(const std::vector<std::string>& words, const std::vector<OptionRule>& options, std::string& error);
 
   /// @return the words that are no options, in order: the files.
   const std::vector<std::string>& files() const { return files_; }

@@ -18,12 +18,12 @@ struct CommandEntry
   const char* name;
   const char* synopsis; ///< the command with its arguments, as the overview lists it
   const char* help;     ///< what it does and what each option means
-  std::vector<OptionSpec> options;
+  std::vector<OptionRule> options;
   int (*run)(CommandContext&);
 };
 
-const OptionSpec ENTITIES{"--entity", true, true};
-const OptionSpec REFERENCE_YEAR{"--reference-year", true, false};
+const OptionRule ENTITIES{"--entity", true, true};
+const OptionRule REFERENCE_YEAR{"--reference-year", true, false};
 
 const std::vector<CommandEntry>& commandTable()
 {
@@ -191,7 +191,7 @@ const CommandEntry* find(const std::string& name)
 bool ownsReferenceYear(const CommandEntry& entry)
 {
   return std::any_of(entry.options.begin(), entry.options.end(),
-                     [](const OptionSpec& option) { return option.name == REFERENCE_YEAR.name; });
+                     [](const OptionRule& option) { return option.name == REFERENCE_YEAR.name; });
 }
 
 void commandHelp(const CommandEntry& entry, std::ostream& out)
@@ -209,7 +209,7 @@ int runCommand(const CommandEntry& entry, const std::vector<std::string>& words,
                bool progress)
 {
   ProgressLine line(err, progress);
-  std::vector<OptionSpec> options = entry.options;
+  std::vector<OptionRule> options = entry.options;
   if (!ownsReferenceYear(entry))
     options.push_back(REFERENCE_YEAR);
   CommandArguments arguments;

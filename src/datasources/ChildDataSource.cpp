@@ -50,7 +50,7 @@ std::string stippleText(double value)
 
 } // namespace
 
-ChildDataSource::ChildDataSource(const kelCore::UnitContextFormatter& formatter, std::vector<ColumnSpec> columns,
+ChildDataSource::ChildDataSource(const kelCore::UnitContextFormatter& formatter, std::vector<ColumnLayout> columns,
                                  bool lastRowStays, QObject* parent)
   : QObject(parent), formatter_(formatter), columns_(std::move(columns)), lastRowStays_(lastRowStays)
 {
@@ -58,7 +58,7 @@ ChildDataSource::ChildDataSource(const kelCore::UnitContextFormatter& formatter,
 
 ChildDataSource::~ChildDataSource() = default;
 
-const ChildDataSource::ColumnSpec* ChildDataSource::spec_(int column) const
+const ChildDataSource::ColumnLayout* ChildDataSource::layout_(int column) const
 {
   return column >= 1 && column < columnCount() ? &columns_[column - 1] : nullptr;
 }
@@ -109,16 +109,16 @@ QVariant ChildDataSource::data(int row, int column, Role role) const
   const Values& values = rows_[row].edited;
   if (column == 0)
     return role == Role::Raw ? QVariant(values.time) : QVariant(QString::fromStdString(formatter_.formatTime(values.time)));
-  const ColumnSpec* spec = spec_(column);
-  if (!spec || !values.has(spec->series))
+  const ColumnLayout* layout = layout_(column);
+  if (!layout || !values.has(layout->series))
     return QVariant();
   const double value = values.cells[column - 1];
-  return role == Role::Raw ? raw_(*spec, value) : display_(*spec, value);
+  return role == Role::Raw ? raw_(*layout, value) : display_(*layout, value);
 }
 
-QVariant ChildDataSource::display_(const ColumnSpec& spec, double value) const
+QVariant ChildDataSource::display_(const ColumnLayout& layout, double value) const
 {
-  switch (spec.kind)
+  switch (layout.kind)
   {
   case Kind::ANGLE: return QString::fromStdString(formatter_.formatAngle(value, kelCore::AngleExtents::ALL));
   case Kind::DISTANCE: return QString::fromStdString(formatter_.formatDistance(value));
@@ -131,16 +131,16 @@ QVariant ChildDataSource::display_(const ColumnSpec& spec, double value) const
       formatter_.formatRGBA((rgba >> 24) & 0xFF, (rgba >> 16) & 0xFF, (rgba >> 8) & 0xFF, rgba & 0xFF));
   }
   case Kind::STATE: return QString(value != 0.0 ? "On" : "Off");
-  case Kind::TARGET: return raw_(spec, value).toList().front();
+  case Kind::TARGET: return raw_(layout, value).toList().front();
   case Kind::INTEGER: return QString::number(static_cast<long long>(value));
   case Kind::STIPPLE: return QString::fromStdString(stippleText(value));
   }
   return QVariant();
 }
 
-QVariant ChildDataSource::raw_(const ColumnSpec& spec, double value) const
+QVariant ChildDataSource::raw_(const ColumnLayout& layout, double value) const
 {
-  switch (spec.kind)
+  switch (layout.kind)
   {
   case Kind::COLOR: return QVariant(static_cast<unsigned int>(value));
   case Kind::STATE: return QVariant(value != 0.0);
@@ -161,16 +161,16 @@ std::string ChildDataSource::columnName(int column) const
 {
   if (column == 0)
     return "Time";
-  const ColumnSpec* spec = spec_(column);
-  if (!spec)
+  const ColumnLayout* layout = layout_(column);
+  if (!layout)
     return std::string();
   const kelCore::UnitContext& units = formatter_.unitContext();
-  switch (spec->kind)
+  switch (layout->kind)
   {
-  case Kind::ANGLE: return std::string(spec->title) + " (" + units.angleUnits().abbreviation() + ")";
+  case Kind::ANGLE: return std::string(layout->title) + " (" + units.angleUnits().abbreviation() + ")";
   case Kind::DISTANCE:
-  case Kind::RANGE: return std::string(spec->title) + " (" + units.distanceUnits().abbreviation() + ")";
-  default: return spec->title;
+  case Kind::RANGE: return std::string(layout->title) + " (" + units.distanceUnits().abbreviation() + ")";
+  default: return layout->title;
   }
 }
 
@@ -178,7 +178,7 @@ bool ChildDataSource::canDeleteRow() const { return rowCount() > (lastRowStays_ 
 
 bool ChildDataSource::isColumnEditable(int column) const
 {
-  return column == 0 || (spec_(column) && isCellEditable_(column));
+  return column == 0 || (layout_(column) && isCellEditable_(column));
 }
 
 bool ChildDataSource::isDirty(int row, int column) const
@@ -189,14 +189,14 @@ bool ChildDataSource::isDirty(int row, int column) const
   const Values& edited = rows_[row].edited;
   if (column == 0)
     return !(std::fabs(read.time - edited.time) < TOLERANCE);
-  const ColumnSpec* spec = spec_(column);
-  if (!spec)
+  const ColumnLayout* layout = layout_(column);
+  if (!layout)
     return false;
-  const bool validRead = read.has(spec->series);
-  const bool validEdited = edited.has(spec->series);
+  const bool validRead = read.has(layout->series);
+  const bool validEdited = edited.has(layout->series);
   const double a = read.cells[column - 1];
   const double b = edited.cells[column - 1];
-  switch (spec->kind)
+  switch (layout->kind)
   {
   case Kind::ANGLE: return !areAnglesEqual_(validRead, a, validEdited, b);
   case Kind::DISTANCE:
@@ -242,27 +242,27 @@ int ChildDataSource::setData(int row, int column, const QVariant& value)
     dirty_ = dirty_ || changed;
     return 0;
   }
-  const ColumnSpec* spec = spec_(column);
-  if (!spec)
+  const ColumnLayout* layout = layout_(column);
+  if (!layout)
     return 1;
   if (value.userType() == QMetaType::QString)
-    return setCell_(edited, column - 1, *spec, value.toString().toUtf8().toStdString());
-  return setCell_(edited, column - 1, *spec, value);
+    return setCell_(edited, column - 1, *layout, value.toString().toUtf8().toStdString());
+  return setCell_(edited, column - 1, *layout, value);
 }
 
 template <typename Input>
-int ChildDataSource::setCell_(Values& row, int cell, const ColumnSpec& spec, const Input& input)
+int ChildDataSource::setCell_(Values& row, int cell, const ColumnLayout& layout, const Input& input)
 {
   // Text comes from the table, in the user's units; a typed value comes from a paste, as stored.
   constexpr bool TEXT = std::is_same_v<Input, std::string>;
-  bool valid = row.has(spec.series);
+  bool valid = row.has(layout.series);
   int status = 1;
   double number = 0.0;
   const auto into = [&](auto typed, auto set) {
     status = set(typed);
     number = static_cast<double>(typed);
   };
-  switch (spec.kind)
+  switch (layout.kind)
   {
   case Kind::COLOR: into(0U, [&](unsigned int& v) { return setColor_(input, v, valid, dirty_); }); break;
   case Kind::STATE: into(false, [&](bool& v) { return setBoolean_(input, v, valid, dirty_); }); break;
@@ -283,7 +283,7 @@ int ChildDataSource::setCell_(Values& row, int cell, const ColumnSpec& spec, con
     if constexpr (TEXT)
     {
       const kelCore::UnitContext& units = formatter_.unitContext();
-      const bool angle = spec.kind == Kind::ANGLE;
+      const bool angle = layout.kind == Kind::ANGLE;
       status = setDouble_(input, number, valid, dirty_, angle ? units.angleUnits() : units.distanceUnits(),
                           angle ? kelCore::Units::RADIANS : kelCore::Units::METERS);
     }
@@ -293,7 +293,7 @@ int ChildDataSource::setCell_(Values& row, int cell, const ColumnSpec& spec, con
   }
   if (status != 0)
     return 1;
-  setSeriesValid_(row, spec.series, valid);
+  setSeriesValid_(row, layout.series, valid);
   if (valid)
     row.cells[cell] = number;
   return 0;
@@ -320,7 +320,7 @@ int ChildDataSource::revert(int row, int column)
     entry.edited.time = entry.asRead.time;
   else
   {
-    const int series = spec_(column)->series;
+    const int series = layout_(column)->series;
     const bool validRead = entry.asRead.has(series);
     setSeriesValid_(entry.edited, series, validRead);
     entry.edited.cells[column - 1] = entry.asRead.cells[column - 1];

@@ -48,7 +48,7 @@ public:
   };
 
   /// A column past the time: its heading, its kind, and the series it belongs to.
-  struct ColumnSpec
+  struct ColumnLayout
   {
     const char* title;
     Kind kind;
@@ -110,7 +110,7 @@ protected:
    * @param columns the columns past the time, a series' columns side by side
    * @param lastRowStays true when the entity's last row may not be deleted
    */
-  ChildDataSource(const kelCore::UnitContextFormatter& formatter, std::vector<ColumnSpec> columns, bool lastRowStays,
+  ChildDataSource(const kelCore::UnitContextFormatter& formatter, std::vector<ColumnLayout> columns, bool lastRowStays,
                   QObject* parent);
 
   /// Reads every series of the entity, each entry an item.
@@ -137,22 +137,22 @@ private:
   };
 
   bool inRange_(int row) const { return row >= 0 && row < rowCount(); }
-  const ColumnSpec* spec_(int column) const;
+  const ColumnLayout* layout_(int column) const;
   /**
    * Puts text (in the user's units) or a typed value (as stored) into a cell; the cell's series
    * becomes valid, or invalid for empty text or a null value. @return 0, or 1 when refused
    */
   template <typename Input>
-  int setCell_(Values& row, int cell, const ColumnSpec& spec, const Input& input);
+  int setCell_(Values& row, int cell, const ColumnLayout& layout, const Input& input);
   /// Reads a 16-bit line pattern, "0x" hexadecimal or decimal; empty text clears it.
   int setStipple_(const std::string& text, double& out, bool& valid);
   /// Marks a series as holding an entry or not; a series that begins to hold one starts at zero.
   void setSeriesValid_(Values& row, int series, bool valid) const;
-  QVariant display_(const ColumnSpec& spec, double value) const;
-  QVariant raw_(const ColumnSpec& spec, double value) const;
+  QVariant display_(const ColumnLayout& layout, double value) const;
+  QVariant raw_(const ColumnLayout& layout, double value) const;
 
   const kelCore::UnitContextFormatter& formatter_;
-  std::vector<ColumnSpec> columns_;
+  std::vector<ColumnLayout> columns_;
   bool lastRowStays_;
   unsigned long id_ = 0;
   std::deque<Entry> rows_;

@@ -296,10 +296,10 @@ QVariant DataTableDataSource::data(int row, int column, Role role) const
   const PIData::DataTableRowT& edited = rows_[row].edited;
   if (column == 0)
     return role == Role::Raw ? QVariant(edited.time()) : QVariant(QString::fromStdString(formatter_.formatTime(edited.time())));
-  const Column& spec = columns_[column];
+  const Column& layout = columns_[column];
   if (role == Role::Raw)
-    return cellValue_(edited, spec.id, spec.type);
-  return QString::fromStdString(cellDisplayString_(edited, spec.id, spec.type));
+    return cellValue_(edited, layout.id, layout.type);
+  return QString::fromStdString(cellDisplayString_(edited, layout.id, layout.type));
 }
 
 int DataTableDataSource::setData(int row, int column, const QVariant& value)
@@ -320,14 +320,14 @@ int DataTableDataSource::setData(int row, int column, const QVariant& value)
     setDirty_();
     return 0;
   }
-  const Column& spec = columns_[column];
+  const Column& layout = columns_[column];
   if (text == NULL_TEXT)
   {
-    if (edited.removeCell(spec.id))
+    if (edited.removeCell(layout.id))
       setDirty_();
     return 0;
   }
-  if (setCell_(edited, spec, text) != 0)
+  if (setCell_(edited, layout, text) != 0)
     return 1;
   setDirty_();
   return 0;
@@ -345,20 +345,20 @@ int DataTableDataSource::setTypedData_(PIData::DataTableRowT& edited, int column
     setDirty_();
     return 0;
   }
-  const Column& spec = columns_[column];
+  const Column& layout = columns_[column];
   int status = 1;
   if (value.isNull() && !value.isValid())
   {
-    edited.removeCell(spec.id);
+    edited.removeCell(layout.id);
     status = 0;
   }
-  else if (spec.type == UTILS::VT_BLOB && value.userType() == QMetaType::QByteArray)
+  else if (layout.type == UTILS::VT_BLOB && value.userType() == QMetaType::QByteArray)
   {
     const QByteArray bytes = value.toByteArray();
-    status = PIData::DataTableRowT::setCellValueT(edited, spec.id, UTILS::Blob(bytes.begin(), bytes.end()));
+    status = PIData::DataTableRowT::setCellValueT(edited, layout.id, UTILS::Blob(bytes.begin(), bytes.end()));
   }
   else
-    status = setTypedNumber_(edited, spec, value);
+    status = setTypedNumber_(edited, layout, value);
   if (status != 0)
     return 1;
   setDirty_();

@@ -12,6 +12,7 @@
 #include "utils/EntityTreeModel.h"
 #include "widgets/EntityTreeComposite.h"
 
+#include <QCoreApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
@@ -125,7 +126,7 @@ TEST_F(PointEditor, TheTabShowsItsFormWithTipsAndFollowsTheTreesSelection)
   tab->setTabActive(false);
   EXPECT_EQ(0u, tab->uniqueId()) << "away from the tab it holds nothing";
   composite.setSelected(kite);
-  QTest::qWait(0);
+  QCoreApplication::processEvents(); // what the selection posted, if anything, has run
   EXPECT_EQ(0u, tab->uniqueId());
 }
 
@@ -159,7 +160,7 @@ TEST_F(PointEditor, SwitchingEntitiesAsksToSaveOrToAbandonAndKeepsTheTreeOnNo)
   }
   EXPECT_TRUE(QTest::qWaitFor([&] { return composite.selectedItems() == QList<unsigned long>{kite}; }, 10000))
     << "the tree goes back to the entity edited";
-  QTest::qWait(0);
+  QCoreApplication::processEvents(); // what the selection posted, if anything, has run
   EXPECT_EQ(kite, tab->uniqueId());
   EXPECT_TRUE(tab->dirty()) << "the edits are still there, asked about once";
 }
