@@ -86,10 +86,6 @@ std::size_t HostApplication::loadPlugins(const std::vector<std::string>& folders
                                          const PIApp::CommandLineArguments& arguments)
 {
   const std::size_t count = loader_->loadAll(folders, arguments);
-  // Changes outside a command of the host's menus are the plug-ins' own: named after them.
-  const auto running = loader_->plugins();
-  if (!running.empty() && store_.journal())
-    store_.journal()->setImplicitName("Edit by " + running.back().name);
   window_->rebuildPluginMenu();
   return count;
 }

@@ -100,6 +100,7 @@ bool PluginLoader::load(const std::string& path, const PIApp::CommandLineArgumen
 bool PluginLoader::start_(PluginLibrary& plugin, const PIApp::CommandLineArguments& arguments, std::string& reason)
 {
   plugin.initialize(&server_);
+  server_.nameCaller(plugin.identity(), text(plugin, PICF_NAME, PIPN_RESULT));
   PIApp::CommandLineRegistration registration;
   PIFunctionParams_t configure;
   configure.pointers[PIPN_COMMAND_LINE_REGISTRATION] = &registration;

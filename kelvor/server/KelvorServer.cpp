@@ -2,12 +2,13 @@
 
 #include "host/ContextMenuCallback.h"
 #include "host/PIObject.h"
+#include "store/ScenarioStore.h"
 
 namespace kelvor
 {
 
 KelvorServer::KelvorServer(ScenarioStore& store, HostServices& services, Registry& registry)
-  : state_{store, services, registry, {}, {}, {}, {}, {}, {}, 1, {}, {}, {}},
+  : state_{store, services, registry, {}, {}, {}, {}, {}, {}, 1, {}, {}, {}, nullptr, {}},
     entities_(state_),
     points_(state_),
     scenario_(state_),
@@ -18,6 +19,8 @@ KelvorServer::KelvorServer(ScenarioStore& store, HostServices& services, Registr
 
 std::int64_t KelvorServer::operator()(void* identity, PIServerFunctions_t family, void* record)
 {
+  if (identity != state_.caller)
+    noteCaller_(identity);
   state_.caller = identity;
   if (EntityRequests::serves(family))
     return entities_.serve(family, record);
@@ -30,6 +33,14 @@ std::int64_t KelvorServer::operator()(void* identity, PIServerFunctions_t family
   if (ServiceRequests::serves(family))
     return services_.serve(family, record);
   return 1;
+}
+
+void KelvorServer::noteCaller_(void* identity)
+{
+  StoreJournal* journal = state_.store.journal();
+  auto name = state_.callerNames.find(identity);
+  if (journal && name != state_.callerNames.end())
+    journal->setImplicitName("Edit by " + name->second);
 }
 
 // The wrappers' classes live in the plug-in, whose type information the host does not link;

@@ -47,11 +47,19 @@ public:
   Registry& registry() { return state_.registry; }
   /// @return the window wrappers plug-ins put in the host's garbage list, with the identity of each one's plug-in.
   const std::map<PIObject*, void*>& garbage() const { return state_.garbage; }
+  /**
+   * Names a plug-in, so that a change it makes outside a command of the host's menus is the
+   * undo step "Edit by NAME". @param identity the plug-in's identity at the host
+   */
+  void nameCaller(void* identity, const std::string& name) { state_.callerNames[identity] = name; }
   /// Deletes the window wrappers a plug-in left in the garbage list; called at its unload, while
   /// its code is still loaded. @param identity the plug-in's identity at the host
   void releaseGarbage(void* identity);
 
 private:
+  /// Names the journal's next implicit step after the plug-in now calling.
+  void noteCaller_(void* identity);
+
   ServerState state_;
   EntityRequests entities_;
   PointRequests points_;

@@ -46,6 +46,7 @@ struct ServerState
   SignalService signalService;
   std::set<PICommon::BindingClient*> boundClients;
   void* caller = nullptr; ///< identity of the plug-in whose request is served
+  std::map<void*, std::string> callerNames; ///< each running plug-in's name, by identity
 
   /// @return a new handle of kind and id, kept until destroyed.
   HostHandle* newHandle(HostHandle::Kind kind, long id)

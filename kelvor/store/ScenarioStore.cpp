@@ -457,10 +457,25 @@ void ScenarioStore::keepScenario_()
 
 void ScenarioStore::exchange_(StoreJournal::Step& step)
 {
+  // Those told of a removal find the entity still in the store, children before their host.
+  if (listener_)
+  {
+    for (auto it = step.entities.rbegin(); it != step.entities.rend(); ++it)
+    {
+      if (!it->second && entities_.count(it->first))
+        listener_->entityRemoving(it->first);
+    }
+  }
+  std::vector<UniqueID_t> added;
+  std::set<UniqueID_t> changed;
   for (auto& [id, image] : step.entities)
   {
     auto it = entities_.find(id);
     std::unique_ptr<Entity> present = it == entities_.end() ? nullptr : std::move(it->second);
+    if (image && present)
+      changed.insert(id);
+    else if (image)
+      added.push_back(id);
     if (image)
       entities_[id] = std::move(image);
     else if (it != entities_.end())
@@ -471,21 +486,45 @@ void ScenarioStore::exchange_(StoreJournal::Step& step)
   {
     auto it = tables_.find(id);
     std::unique_ptr<DataTable> present = it == tables_.end() ? nullptr : std::move(it->second);
+    const DataTable* either = image ? image.get() : present.get();
+    if (either && entities_.count(either->owner()))
+      changed.insert(either->owner());
     if (image)
       tables_[id] = std::move(image);
     else if (it != tables_.end())
       tables_.erase(it);
     image = std::move(present);
   }
-  if (step.hasScenario)
+  const bool yearChanged = step.hasScenario && exchangeScenario_(*step.scenario);
+  tellExchanged_(added, changed, yearChanged);
+}
+
+bool ScenarioStore::exchangeScenario_(StoreJournal::Scenario& image)
+{
+  const int year = properties_.referenceYear;
+  StoreJournal::Scenario present{std::move(properties_), std::move(rules_), std::move(drawFlags_), std::move(gogFiles_)};
+  properties_ = std::move(image.properties);
+  rules_ = std::move(image.rules);
+  drawFlags_ = std::move(image.drawFlags);
+  gogFiles_ = std::move(image.gogFiles);
+  image = std::move(present);
+  return properties_.referenceYear != year;
+}
+
+void ScenarioStore::tellExchanged_(const std::vector<UniqueID_t>& added, std::set<UniqueID_t> changed, bool yearChanged)
+{
+  if (!listener_)
+    return;
+  // In id order, a host before its children.
+  for (UniqueID_t id : added)
   {
-    StoreJournal::Scenario present{std::move(properties_), std::move(rules_), std::move(drawFlags_), std::move(gogFiles_)};
-    properties_ = std::move(step.scenario->properties);
-    rules_ = std::move(step.scenario->rules);
-    drawFlags_ = std::move(step.scenario->drawFlags);
-    gogFiles_ = std::move(step.scenario->gogFiles);
-    *step.scenario = std::move(present);
+    listener_->entityAdded(id, entities_.at(id)->kind);
+    changed.erase(id);
   }
+  if (!changed.empty())
+    listener_->dataChanged(changed);
+  if (yearChanged)
+    listener_->referenceYearChanged();
 }
 
 bool ScenarioStore::undo()
@@ -495,8 +534,6 @@ bool ScenarioStore::undo()
     return false;
   exchange_(*step);
   journal_->pushRedo(std::move(step));
-  if (listener_)
-    listener_->scenarioReset();
   return true;
 }
 
@@ -507,8 +544,6 @@ bool ScenarioStore::redo()
     return false;
   exchange_(*step);
   journal_->pushUndo(std::move(step));
-  if (listener_)
-    listener_->scenarioReset();
   return true;
 }
 

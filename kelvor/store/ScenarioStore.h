@@ -138,7 +138,11 @@ public:
   void keepJournal(bool keep);
   /// @return the journal; null while none is kept
   StoreJournal* journal() { return journal_.get(); }
-  /// Restores the state before the newest step. @return false when there is nothing to undo
+  /**
+   * Restores the state before the newest step. The listener hears of each entity the step's
+   * undoing removes, adds or changes, and of a changed reference year.
+   * @return false when there is nothing to undo
+   */
   bool undo();
   /// Makes the newest undone step again. @return false when there is nothing to redo
   bool redo();
@@ -155,7 +159,11 @@ private:
   void keepTable_(long id);
   void keepScenario_();
   /// Exchanges a step's pre-images with the present state; the step then holds what it replaced.
+  /// Tells the listener what the exchange removed (before it), added and changed (after it).
   void exchange_(StoreJournal::Step& step);
+  /// Exchanges the scenario's own settings with a pre-image. @return whether the reference year changed
+  bool exchangeScenario_(StoreJournal::Scenario& image);
+  void tellExchanged_(const std::vector<UniqueID_t>& added, std::set<UniqueID_t> changed, bool yearChanged);
 
   std::map<UniqueID_t, std::unique_ptr<Entity>> entities_;
   UniqueID_t nextId_ = 1;

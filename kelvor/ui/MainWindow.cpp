@@ -19,6 +19,7 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
@@ -38,6 +39,9 @@ namespace
 constexpr int NOTIFY_ERROR = 2;
 constexpr int NOTIFY_WARN = 3;
 constexpr int NOTIFY_NOTICE = 4;
+
+// The setting of the memory the undo steps may take, MiB.
+const char* const UNDO_MEMORY_SETTING = "UndoMemoryMiB";
 
 // The map theme the user chose last time, if it is still installed.
 QString savedMapTheme(const Registry& registry)
@@ -91,6 +95,14 @@ MainWindow::MainWindow(ScenarioStore& store, KelvorServer& server, QWidget* pare
   saveQuestion_ = [this](const QString& what) { return askWithDialog(this, what); };
   // Every change is journalled, so that any plug-in's edit can be taken back.
   store_.keepJournal(true);
+  std::string undoMemory;
+  if (server.registry().setting(UNDO_MEMORY_SETTING, undoMemory))
+  {
+    bool read = false;
+    const qulonglong mib = QString::fromStdString(undoMemory).toULongLong(&read);
+    if (read && mib > 0)
+      store_.journal()->setBudget(static_cast<std::size_t>(mib) << 20);
+  }
   history_ = new UndoHistoryDock([this](int steps) { moveInHistory(steps); }, this);
   addDockWidget(Qt::RightDockWidgetArea, history_);
   history_->hide();
@@ -147,6 +159,13 @@ void MainWindow::buildMenus_()
   redo_ = edit->addAction(tr("Redo"), this, [this]() { redo(); }, QKeySequence(tr("Ctrl+Shift+Z")));
   edit->addSeparator();
   edit->addAction(history_->toggleViewAction());
+  edit->addAction(tr("Undo &Memory..."), this, [this]() {
+    bool chosen = false;
+    const int mib = QInputDialog::getInt(this, tr("Undo Memory"), tr("Memory the undo steps may take (MiB):"),
+                                         static_cast<int>(store_.journal()->budget() >> 20), 1, 1 << 20, 64, &chosen);
+    if (chosen)
+      setUndoMemory(static_cast<std::size_t>(mib));
+  });
   connect(edit, &QMenu::aboutToShow, this, &MainWindow::updateUndoActions_);
   updateUndoActions_();
 
@@ -388,12 +407,16 @@ void MainWindow::updateUndoActions_()
     history_->showJournal(journal);
 }
 
-void MainWindow::undo()
+void MainWindow::setUndoMemory(std::size_t mib)
 {
-  if (store_.undo())
-    setModified(!store_.journal()->isClean());
+  store_.journal()->setBudget(mib << 20);
+  server_.registry().setSetting(UNDO_MEMORY_SETTING, std::to_string(mib));
   updateUndoActions_();
 }
+
+void MainWindow::undo() { moveInHistory(-1); }
+
+void MainWindow::redo() { moveInHistory(1); }
 
 void MainWindow::moveInHistory(int steps)
 {
@@ -403,14 +426,11 @@ void MainWindow::moveInHistory(int steps)
   for (int i = 0; i < steps; ++i)
     moved = store_.redo() || moved;
   if (moved)
+  {
     setModified(!store_.journal()->isClean());
-  updateUndoActions_();
-}
-
-void MainWindow::redo()
-{
-  if (store_.redo())
-    setModified(!store_.journal()->isClean());
+    // The scenario's own settings change with no event of their own.
+    scheduleRefresh();
+  }
   updateUndoActions_();
 }
 

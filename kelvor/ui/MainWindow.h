@@ -82,12 +82,14 @@ public:
   QAction* redoAction() const { return redo_; }
   /// Runs a plug-in's menu command as one step of the journal, named after the menu text.
   void runCommand(const std::string& text, const std::function<void()>& command);
-  /// Undoes the newest step; the views and plug-ins hear of it as of a new scenario state.
+  /// Undoes the newest step; the views and plug-ins hear of the entities it adds, removes and changes.
   void undo();
   /// Redoes the newest undone step.
   void redo();
   /// Undoes (negative) or redoes (positive) that many steps at once, as the undo history does.
   void moveInHistory(int steps);
+  /// Sets the memory the undo steps may take, MiB, and keeps it for the next start; the oldest steps go past it.
+  void setUndoMemory(std::size_t mib);
   /// @return the undo history dock
   UndoHistoryDock* undoHistory() const { return history_; }
 

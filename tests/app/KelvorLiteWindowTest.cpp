@@ -154,6 +154,16 @@ TEST_F(KelvorLiteWindow, TheViewMenuOffersTheOfflineMapThemesAndTheChoiceIsKept)
   EXPECT_EQ("earth/srtm/srtm.dgml", host->window().globe()->marble()->mapThemeId());
 }
 
+TEST_F(KelvorLiteWindow, TheUndoMemoryIsASettingKeptForTheNextStart)
+{
+  EXPECT_EQ(std::size_t(1) << 30, host->store().journal()->budget()) << "1 GiB unless set";
+  host->window().setUndoMemory(48);
+  EXPECT_EQ(std::size_t(48) << 20, host->store().journal()->budget());
+  host.reset();
+  host = std::make_unique<HostApplication>(dir.filePath("registry.ini").toStdString());
+  EXPECT_EQ(std::size_t(48) << 20, host->store().journal()->budget());
+}
+
 TEST_F(KelvorLiteWindow, ARightClickBuildsTheMenuThePluginsAskFor)
 {
   ASSERT_TRUE(host->window().openFile(DEMO));

@@ -4,6 +4,7 @@
 #include "host/PIData.h"
 #include "host/PIDataCategories.h"
 #include "host/PIDataTableCreateHelper.h"
+#include "store/StoreListener.h"
 #include "support/RandomScenario.h"
 #include "support/ServerFixture.h"
 
@@ -94,6 +95,28 @@ protected:
     header.name = "Renamed";
     PIData::updateHeader(ids[0], &header);
   }
+};
+
+/// Notes the store's events, in order, as "added 5", "removing 5", "changed 3 4" and "reset".
+class EventLog : public kelvor::StoreListener
+{
+public:
+  std::vector<std::string> events;
+
+  void entityAdded(UniqueID_t id, int) override { events.push_back("added " + std::to_string(id)); }
+  void entityRemoving(UniqueID_t id) override { events.push_back("removing " + std::to_string(id)); }
+  void dataChanged(const std::set<UniqueID_t>& ids) override
+  {
+    std::string line = "changed";
+    for (UniqueID_t id : ids)
+      line += " " + std::to_string(id);
+    events.push_back(line);
+  }
+  void scenarioReset() override { events.push_back("reset"); }
+  void scenarioClosing() override { events.push_back("closing"); }
+  void referenceYearChanged() override { events.push_back("year"); }
+  void clockModeChanged() override {}
+  void timeChanged() override {}
 };
 
 /// Makes named steps of one change each.
@@ -289,4 +312,50 @@ TEST_F(StoreJournal, TheSavedStateIsCleanAgainWhenUndoOrRedoComesBackToIt)
   steps.thin(ids[2]);
   ASSERT_TRUE(store.undo());
   EXPECT_FALSE(store.journal()->isClean());
+}
+
+// Undo and redo tell the views what they remove (children first, while still there), add (hosts
+// first) and change, rather than that everything changed.
+TEST_F(StoreJournal, UndoAndRedoTellWhichEntitiesTheyAddRemoveAndChange)
+{
+  store.keepJournal(true);
+  const SampleEntities sample = createSampleEntities();
+  const UniqueID_t other = createTrack("Other", 7, {1.0, 2.0, 3.0});
+  store.journal()->endStep();
+  EventLog log;
+  store.setListener(&log);
+
+  store.journal()->beginStep("Mixed");
+  PIData::removeEntity(sample.platform, false);
+  PIData::PIPlatformHeader header;
+  header.name = "Made";
+  PIData::PIPlatformPoint point;
+  point.time = 3.0;
+  const UniqueID_t made = PIData::createPlatform(&header, &point);
+  PIData::PIBeamHeader beamHeader;
+  const PIData::PIBeamPoint beamPoint{0.1, 0.1, 100.0, 3.0};
+  const UniqueID_t madeBeam = PIData::createBeam(made, &beamHeader, &beamPoint, true);
+  PIData::flushEntityData(other, PIData::FLUSH_POINTS);
+  store.journal()->endStep();
+  const auto id = [](UniqueID_t each) { return std::to_string(each); };
+
+  log.events.clear();
+  ASSERT_TRUE(store.undo());
+  EXPECT_EQ((std::vector<std::string>{"removing " + id(madeBeam), "removing " + id(made), "added " + id(sample.platform),
+                                      "added " + id(sample.beam), "added " + id(sample.gate), "changed " + id(other)}),
+            log.events);
+  log.events.clear();
+  ASSERT_TRUE(store.redo());
+  EXPECT_EQ((std::vector<std::string>{"removing " + id(sample.gate), "removing " + id(sample.beam),
+                                      "removing " + id(sample.platform), "added " + id(made), "added " + id(madeBeam),
+                                      "changed " + id(other)}),
+            log.events);
+
+  store.journal()->beginStep("Year");
+  PIData::setReferenceYear(PIData::getReferenceYear() + 1);
+  store.journal()->endStep();
+  log.events.clear();
+  ASSERT_TRUE(store.undo());
+  EXPECT_EQ(std::vector<std::string>{"year"}, log.events);
+  store.setListener(nullptr);
 }
