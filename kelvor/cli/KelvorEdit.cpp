@@ -206,7 +206,7 @@ void commandHelp(const CommandEntry& entry, std::ostream& out)
 
 /// Runs one command, with every exception it lets escape turned into a failure.
 int runCommand(const CommandEntry& entry, const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
-               bool progress)
+               bool progress, KelvorEdit::SessionObserver* observer)
 {
   ProgressLine line(err, progress);
   std::vector<OptionRule> options = entry.options;
@@ -224,7 +224,12 @@ int runCommand(const CommandEntry& entry, const std::vector<std::string>& words,
     CommandContext context(entry.name, arguments, out, err, line);
     if (ownsReferenceYear(entry))
       context.setReadsReferenceYear(false);
-    return entry.run(context);
+    if (observer)
+      observer->started(context.session());
+    const int status = entry.run(context);
+    if (observer)
+      observer->finished(context.session(), status);
+    return status;
   }
   catch (const std::bad_alloc&)
   {
@@ -274,7 +279,7 @@ int KelvorEdit::run(const std::vector<std::string>& arguments, std::ostream& out
       return SUCCESS;
     }
   }
-  return runCommand(*entry, rest, out, err, progress);
+  return runCommand(*entry, rest, out, err, progress, observer_);
 }
 
 void KelvorEdit::usage_(std::ostream& out)
