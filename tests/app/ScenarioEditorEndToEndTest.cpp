@@ -5,6 +5,7 @@
 #include "support/WhenShown.h"
 #include "files/ScenarioReader.h"
 #include "files/ScenarioVocabulary.h"
+#include "files/ScenarioWriter.h"
 #include "store/DataTable.h"
 #include "ui/DataBrowser.h"
 #include "ui/GlobeWidget.h"
@@ -42,6 +43,7 @@
 #include <cmath>
 #include <iostream>
 #include <set>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -227,6 +229,7 @@ TEST_F(ScenarioEditorEndToEnd, EditPointsFromTheDataBrowserThenApplyAndFenceOnTh
 
   // A latitude typed in degrees, minutes and seconds, then Apply.
   QAbstractItemModel& rows = *table->model();
+  const double before = host->store().entity(trackId())->platformPoints.front().lat;
   ASSERT_TRUE(rows.setData(rows.index(0, 1), "36 30 15.25 N"));
   auto* apply = pointEditor->findChild<QPushButton*>("applyPushButton");
   ASSERT_TRUE(apply && apply->isEnabled());
@@ -237,6 +240,14 @@ TEST_F(ScenarioEditorEndToEnd, EditPointsFromTheDataBrowserThenApplyAndFenceOnTh
   EXPECT_NEAR(typed, stored->platformPoints.front().lat, 1e-9) << "the store holds the new latitude";
   EXPECT_TRUE(host->window().isModified());
   EXPECT_TRUE(QTest::qWaitFor([&] { return dataBrowserPoints() == "60"; }, 10000)) << "the Data Browser follows";
+
+  // Apply is one step: undone, the point is as before; redone, as typed.
+  host->window().undo();
+  EXPECT_EQ(before, host->store().entity(trackId())->platformPoints.front().lat);
+  EXPECT_FALSE(host->window().isModified());
+  host->window().redo();
+  stored = host->store().entity(trackId());
+  EXPECT_NEAR(typed, stored->platformPoints.front().lat, 1e-9);
 
   // A fence dragged on the globe with real mouse events, around points 20 to 40 of the track.
   kelvor::GlobeWidget* globe = host->window().globe();
@@ -907,4 +918,49 @@ TEST_F(ScenarioEditorEndToEnd, TheUndoHistoryGoesBackSeveralStepsAtOnce)
   EXPECT_FALSE(host->window().isModified()) << "back to the file as opened";
   emit list->itemClicked(list->item(3));
   EXPECT_EQ(entities - 3, host->store().entityCount());
+}
+
+// Decimate from the Data Browser's menu, then Ctrl+Z: the thinned copy leaves the store, the Data
+// Browser and the editor's tree, and the scenario is the file as opened again.
+TEST_F(ScenarioEditorEndToEnd, DecimateFromTheDataBrowserThenCtrlZPutsTheViewsBack)
+{
+  QDockWidget* editor = openEditor();
+  ASSERT_NE(nullptr, editor);
+  QTreeView* tree = editorTree(*editor);
+  ASSERT_NE(nullptr, tree);
+  const auto file = [this] {
+    std::ostringstream out;
+    kelvor::ScenarioWriter(host->store()).write(out);
+    return out.str();
+  };
+  const std::string opened = file();
+  const std::size_t entities = host->store().entityCount();
+  QTreeWidget* browser = host->window().dataBrowser()->tree();
+  const auto inBrowser = [browser] { return browser->findItems("Tanker 4 (", Qt::MatchStartsWith | Qt::MatchRecursive).size(); };
+  const auto inEditor = [tree] {
+    return tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, "Tanker 4 (", -1,
+                                Qt::MatchStartsWith | Qt::MatchRecursive).size();
+  };
+  const QList<QTreeWidgetItem*> tanker = browser->findItems(TRACK, Qt::MatchExactly | Qt::MatchRecursive);
+  ASSERT_EQ(1, tanker.size());
+  browser->clearSelection();
+  tanker.front()->setSelected(true);
+
+  QStringList offered;
+  const auto options = answerNextDialog(true);
+  WhenShown<QMenu> menu([&offered](QMenu& shown) { offered = chooseFrom(shown, "Decimate..."); });
+  emit browser->customContextMenuRequested(browser->visualItemRect(tanker.front()).center());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return host->store().entityCount() == entities + 1; }, 60000))
+    << offered.join("|").toStdString();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return inBrowser() == 1 && inEditor() == 1; }, 10000)) << "a thinned copy beside it";
+  EXPECT_EQ("Undo \"Decimate...\"", host->window().undoAction()->text());
+
+  host->window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&host->window()));
+  QTest::keyClick(&host->window(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(entities, host->store().entityCount());
+  EXPECT_TRUE(opened == file()) << "undone to the very file as opened";
+  EXPECT_FALSE(host->window().isModified());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return inBrowser() == 0 && inEditor() == 0; }, 10000)) << "the views follow";
+  EXPECT_EQ(60u, trackPoints());
 }
