@@ -391,7 +391,10 @@ void ScenarioStore::keepJournal(bool keep)
   if (!keep)
     journal_.reset();
   else if (!journal_)
+  {
     journal_ = std::make_unique<StoreJournal>();
+    journal_->setCloser([this](StoreJournal::Step& step) { trimToChanges_(step); });
+  }
 }
 
 void ScenarioStore::keepEntity_(UniqueID_t id)
@@ -455,6 +458,25 @@ void ScenarioStore::keepScenario_()
   step.hasScenario = true;
 }
 
+void ScenarioStore::trimToChanges_(StoreJournal::Step& step)
+{
+  // A small edit of a long track keeps the items it replaced, not the whole track.
+  for (auto& [id, image] : step.entities)
+  {
+    auto present = entities_.find(id);
+    if (!image || present == entities_.end())
+      continue;
+    std::vector<SeriesCut> cuts;
+    bool cut = false;
+    forEachSeries(*image, *present->second, [&](auto& before, auto& after, std::size_t) {
+      cuts.push_back(SeriesCut::trim(before, after));
+      cut = cut || !cuts.back().whole();
+    });
+    if (cut)
+      step.cuts[id] = std::move(cuts);
+  }
+}
+
 void ScenarioStore::exchange_(StoreJournal::Step& step)
 {
   // Those told of a removal find the entity still in the store, children before their host.
@@ -481,6 +503,12 @@ void ScenarioStore::exchange_(StoreJournal::Step& step)
     else if (it != entities_.end())
       entities_.erase(it);
     image = std::move(present);
+    if (auto cuts = step.cuts.find(id); cuts != step.cuts.end())
+    {
+      forEachSeries(*entities_[id], *image, [&cuts](auto& middle, auto& whole, std::size_t index) {
+        cuts->second[index].exchange(middle, whole);
+      });
+    }
   }
   for (auto& [id, image] : step.tables)
   {

@@ -159,6 +159,8 @@ private:
   void keepTable_(long id);
   void keepScenario_();
   /// Exchanges a step's pre-images with the present state; the step then holds what it replaced.
+  /// Cuts a closing step's entity pre-images down to the items that differ from the present.
+  void trimToChanges_(StoreJournal::Step& step);
   /// Tells the listener what the exchange removed (before it), added and changed (after it).
   void exchange_(StoreJournal::Step& step);
   /// Exchanges the scenario's own settings with a pre-image. @return whether the reference year changed

@@ -16,6 +16,8 @@ void StoreJournal::endStep()
     return;
   if (!open_->empty())
   {
+    if (closer_)
+      closer_(*open_);
     open_->bytes = measure_(*open_);
     bytes_ += open_->bytes;
     undo_.push_back(std::move(open_));

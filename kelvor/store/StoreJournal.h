@@ -4,6 +4,9 @@
 #include "store/Entity.h"
 #include "store/PreferenceRule.h"
 #include "store/ScenarioProperties.h"
+#include "store/SeriesCut.h"
+
+#include <functional>
 
 #include <map>
 #include <memory>
@@ -40,6 +43,9 @@ public:
   {
     std::string name;
     std::map<UniqueID_t, std::unique_ptr<Entity>> entities;
+    /// For an entity listed, the cut of each of its series (in forEachSeries order): its
+    /// pre-image's series hold only the items between, those the step replaced.
+    std::map<UniqueID_t, std::vector<SeriesCut>> cuts;
     std::map<long, std::unique_ptr<DataTable>> tables;
     std::unique_ptr<Scenario> scenario;
     bool hasScenario = false;
@@ -59,6 +65,10 @@ public:
   bool implicitStepOpen() const { return open_ && open_->implicit; }
   /// The name of the step opened by a change when none is open.
   void setImplicitName(const std::string& name) { implicitName_ = name; }
+
+  /// Sets what a step goes through as it closes, before it is measured: the store cuts its
+  /// pre-images down to what changed.
+  void setCloser(std::function<void(Step&)> closer) { closer_ = std::move(closer); }
 
   /// @return the step that takes the next pre-image, opened under the implicit name when none is open
   Step& current();
@@ -111,6 +121,7 @@ private:
   static std::size_t measure_(const Step& step);
 
   std::unique_ptr<Step> open_;
+  std::function<void(Step&)> closer_;
   std::size_t budget_ = std::size_t(1) << 30;
   std::size_t bytes_ = 0;
   bool cut_ = false;

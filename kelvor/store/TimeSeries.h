@@ -30,11 +30,11 @@ public:
   /// n items cut into chunks has about n / CHUNK * 2 of them at worst.
   static constexpr std::size_t CHUNK = 512;
 
-  /// Walks the items in time order.
+  /// Walks the items in time order, or back.
   class const_iterator
   {
   public:
-    using iterator_category = std::forward_iterator_tag;
+    using iterator_category = std::bidirectional_iterator_tag;
     using value_type = T;
     using difference_type = std::ptrdiff_t;
     using pointer = const T*;
@@ -54,6 +54,14 @@ public:
       const_iterator before = *this;
       ++*this;
       return before;
+    }
+    const_iterator& operator--()
+    {
+      // Chunks are never empty.
+      if (offset_ == 0)
+        offset_ = (*chunks_)[--chunk_].size();
+      --offset_;
+      return *this;
     }
     bool operator==(const const_iterator& o) const { return chunk_ == o.chunk_ && offset_ == o.offset_; }
     bool operator!=(const const_iterator& o) const { return !(*this == o); }

@@ -226,14 +226,19 @@ TEST_F(StoreJournal, ReadingChangesNothingAndLeavesNoStep)
 TEST_F(StoreJournal, AFlushHandsItsSeriesToTheJournalAndAStepHoldsOnlyWhatItTouched)
 {
   makeScenario(9);
-  const std::vector<UniqueID_t> ids = platforms();
+  std::vector<UniqueID_t> ids = platforms();
+  const auto longest = std::max_element(ids.begin(), ids.end(), [this](UniqueID_t a, UniqueID_t b) {
+    return store.entity(a)->platformPoints.size() < store.entity(b)->platformPoints.size();
+  });
+  std::iter_swap(ids.begin(), longest);
   const std::size_t points = store.entity(ids[0])->platformPoints.size();
+  ASSERT_GE(points, 10u);
   store.journal()->beginStep("Thin");
   rewriteEveryOtherPoint(ids[0]);
   store.journal()->endStep();
   const auto& step = *store.journal()->undoSteps().back();
   ASSERT_EQ(1u, step.entities.size()) << "one platform touched, one pre-image";
-  EXPECT_EQ(points, step.entities.at(ids[0])->platformPoints.size());
+  EXPECT_EQ(points, step.entities.at(ids[0])->platformPoints.size()) << "a track rewritten whole is kept whole";
   EXPECT_TRUE(step.tables.empty());
   EXPECT_FALSE(step.hasScenario);
 }
@@ -358,4 +363,38 @@ TEST_F(StoreJournal, UndoAndRedoTellWhichEntitiesTheyAddRemoveAndChange)
   ASSERT_TRUE(store.undo());
   EXPECT_EQ(std::vector<std::string>{"year"}, log.events);
   store.setListener(nullptr);
+}
+
+// A step keeps what it replaced: one point moved in a long track, or one inserted, keeps about
+// that point, not the track; undo and redo still give the files before and after.
+TEST_F(StoreJournal, ASmallEditOfALongTrackKeepsOnlyWhatItReplaced)
+{
+  store.keepJournal(true);
+  std::vector<double> times;
+  for (int i = 0; i < 20000; ++i)
+    times.push_back(i);
+  const UniqueID_t track = createTrack("Long", 1, times);
+  PIData::setColor(track, 0x11223344, 5.0);
+  store.journal()->endStep();
+  const std::size_t trackBytes = kelvor::StoreJournal::approximateBytes(*store.entity(track));
+  const std::string before = file();
+
+  for (const double time : {7000.0, 7000.5, 0.0, 19999.0, 25000.0})
+  {
+    store.journal()->beginStep("Move one");
+    PIData::PIPlatformPoint point;
+    point.time = time;
+    point.position = {0.4, -2.1, 55.0};
+    PIData::addDataPoint(track, &point);
+    store.journal()->endStep();
+    EXPECT_LT(store.journal()->undoSteps().back()->bytes, trackBytes / 100) << "at " << time;
+  }
+  const std::string after = file();
+  for (int step = 0; step < 5; ++step)
+    ASSERT_TRUE(store.undo());
+  EXPECT_TRUE(before == file()) << "undone to another file";
+  while (store.redo())
+  {
+  }
+  EXPECT_TRUE(after == file()) << "redone to another file";
 }
