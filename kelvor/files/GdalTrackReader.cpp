@@ -29,9 +29,9 @@ constexpr double DEG = M_PI / 180.0;
 constexpr double NO_TIME = -std::numeric_limits<double>::infinity();
 
 const char* const TIME_FIELDS[] = {"time", "timestamp", "when", "datetime"};
-const char* const TRACK_FIELDS[] = {"track_name", "track", "track_id", "track_fid", "platform", "name"};
-/// Track fields whose values are numbers: the track is named after the layer and the number.
-const char* const ID_FIELDS[] = {"track_id", "track_fid"};
+/// Fields that tell a feature's track apart: an id, else a name.
+const char* const ID_FIELDS[] = {"track_id", "track_fid", "route_fid"};
+const char* const NAME_FIELDS[] = {"track_name", "track", "platform", "name"};
 const char* const ALTITUDE_FIELDS[] = {"ele", "alt", "altitude", "elevation"};
 const char* const MOTION_FIELDS[] = {"yaw", "pitch", "roll", "ve", "vn", "vu"};
 /// GPX's structure fields and KML's display fields: they describe the file, not the platform.
@@ -84,8 +84,8 @@ double yearStart(int year)
 struct Fields
 {
   std::vector<int> time;      ///< the time fields, in order of preference
-  int track = -1;             ///< the field naming the track
-  bool trackIsId = false;     ///< the track field holds numbers: the track is "LAYER N"
+  int trackId = -1;           ///< the field holding the track's id
+  int trackName = -1;         ///< the field holding the track's name
   int altitude = -1;
   int motion[6] = {-1, -1, -1, -1, -1, -1}; ///< yaw, pitch, roll, ve, vn, vu
   int times = -1;             ///< a line's list of vertex times
@@ -105,10 +105,14 @@ struct Fields
     for (int i = 0; i < count && time.empty(); ++i)
       if (definition.GetFieldDefn(i)->GetType() == OFTDateTime && indexIn(PASSED_OVER, names[static_cast<std::size_t>(i)]) < 0)
         time.push_back(i);
-    for (const char* wanted : TRACK_FIELDS)
-      for (int i = 0; i < count && track < 0; ++i)
+    for (const char* wanted : ID_FIELDS)
+      for (int i = 0; i < count && trackId < 0; ++i)
         if (names[static_cast<std::size_t>(i)] == wanted)
-          track = i, trackIsId = indexIn(ID_FIELDS, wanted) >= 0;
+          trackId = i;
+    for (const char* wanted : NAME_FIELDS)
+      for (int i = 0; i < count && trackName < 0; ++i)
+        if (names[static_cast<std::size_t>(i)] == wanted)
+          trackName = i;
     for (const char* wanted : ALTITUDE_FIELDS)
       for (int i = 0; i < count && altitude < 0; ++i)
         if (names[static_cast<std::size_t>(i)] == wanted)
@@ -123,7 +127,7 @@ struct Fields
         motion[m] = i;
       else if (name == "times")
         times = i;
-      else if (i != track && i != altitude && std::find(time.begin(), time.end(), i) == time.end() &&
+      else if (i != trackId && i != trackName && i != altitude && std::find(time.begin(), time.end(), i) == time.end() &&
                indexIn(PASSED_OVER, name) < 0 && indexIn(ALTITUDE_FIELDS, name) < 0 && indexIn(TIME_FIELDS, name) < 0)
         generic.push_back(i);
     }
@@ -142,18 +146,21 @@ struct Track
   std::map<std::string, std::string> lastValue; ///< each tag's value as last kept
 };
 
-/// Tracks by name, in the order they appear.
+/// Tracks by what tells them apart (an id, a name), in the order they appear.
 struct Tracks
 {
   std::vector<Track> list;
-  std::map<std::string, std::size_t> byName;
+  std::vector<std::string> keys;
+  std::map<std::string, std::size_t> byKey;
 
-  Track& named(const std::string& name)
+  /// @param name the track's name, when it is new
+  Track& find(const std::string& key, const std::string& name)
   {
-    const auto found = byName.find(name);
-    if (found != byName.end())
+    const auto found = byKey.find(key);
+    if (found != byKey.end())
       return list[found->second];
-    byName.emplace(name, list.size());
+    byKey.emplace(key, list.size());
+    keys.push_back(key);
     list.emplace_back();
     list.back().name = name;
     return list.back();
@@ -161,9 +168,10 @@ struct Tracks
 
   void take(Tracks& other)
   {
-    for (Track& track : other.list)
+    for (std::size_t t = 0; t < other.list.size(); ++t)
     {
-      Track& into = named(track.name);
+      Track& track = other.list[t];
+      Track& into = find(other.keys[t], track.name);
       into.millis = into.millis || track.millis;
       into.points.insert(into.points.end(), track.points.begin(), track.points.end());
       into.features.insert(into.features.end(), track.features.begin(), track.features.end());
@@ -213,8 +221,8 @@ class LayerReader
 public:
   LayerReader(const std::string& path, ReadReport& report) : path_(path), report_(report) {}
 
-  /// Reads every feature of a layer. @param names the names of GPX tracks by their id, if known
-  LayerSummary read(OGRLayer& layer, const std::map<long long, std::string>& names)
+  /// Reads every feature of a layer; its tracks are kept when some feature has a time.
+  LayerSummary read(OGRLayer& layer)
   {
     LayerSummary summary;
     summary.name = layer.GetName();
@@ -240,7 +248,7 @@ public:
       if (type == wkbPoint)
       {
         ++summary.points;
-        summary.timedPoints += readPoint_(*feature, *geometry->toPoint(), fields, transform.get(), names, summary.name,
+        summary.timedPoints += readPoint_(*feature, *geometry->toPoint(), fields, transform.get(), summary.name,
                                           number, points);
       }
       else if (type == wkbLineString || type == wkbMultiLineString)
@@ -361,27 +369,28 @@ private:
     }
   }
 
-  std::string trackName_(OGRFeature& feature, const Fields& fields, const std::map<long long, std::string>& names,
-                         const std::string& layer, std::size_t number, bool line)
+  /// @return the feature's track: by its id, else its name; a line without either is a track, a point the layer's
+  static Track& trackOf_(OGRFeature& feature, const Fields& fields, const std::string& layer, std::size_t number,
+                         bool line, Tracks& tracks)
   {
-    if (fields.track >= 0 && feature.IsFieldSetAndNotNull(fields.track))
+    const bool named = fields.trackName >= 0 && feature.IsFieldSetAndNotNull(fields.trackName);
+    const std::string name = named ? feature.GetFieldAsString(fields.trackName) : std::string();
+    if (fields.trackId >= 0 && feature.IsFieldSetAndNotNull(fields.trackId))
     {
-      if (!fields.trackIsId)
-        return feature.GetFieldAsString(fields.track);
-      const long long id = feature.GetFieldAsInteger64(fields.track);
-      const auto named = names.find(id);
-      if (named != names.end() && !named->second.empty())
-        return named->second;
-      return layer + " " + std::to_string(id);
+      const std::string id = feature.GetFieldAsString(fields.trackId);
+      // Ids count within their layer, as GPX's track_fid does.
+      return tracks.find(layer + '\x1f' + id, named ? name : layer + " " + id);
     }
-    // Lines without a name are each a track; points without one are the layer's track.
-    return line ? layer + " " + std::to_string(number) : layer;
+    if (named)
+      return tracks.find('\x1f' + name, name);
+    if (line)
+      return tracks.find(layer + '\x1f' + std::to_string(number), layer + " " + std::to_string(number));
+    return tracks.find(layer, layer);
   }
 
   /// @return 1 when the point has a time, else 0
   std::size_t readPoint_(OGRFeature& feature, const OGRPoint& point, const Fields& fields,
-                         OGRCoordinateTransformation* transform, const std::map<long long, std::string>& names,
-                         const std::string& layer, std::size_t number, Tracks& tracks)
+                         OGRCoordinateTransformation* transform, const std::string& layer, std::size_t number, Tracks& tracks)
   {
     double time = NO_TIME;
     bool millis = false;
@@ -404,7 +413,7 @@ private:
       p.yaw = motion[0] * DEG, p.pitch = motion[1] * DEG, p.roll = motion[2] * DEG;
     if (has[3] && has[4] && has[5])
       p.velEast = motion[3], p.velNorth = motion[4], p.velUp = motion[5];
-    Track& track = tracks.named(trackName_(feature, fields, names, layer, number, false));
+    Track& track = trackOf_(feature, fields, layer, number, false, tracks);
     track.millis = track.millis || millis;
     track.points.push_back(p);
     track.features.push_back(number);
@@ -460,7 +469,7 @@ private:
     }
     if (times.empty())
       return 0;
-    Track& track = tracks.named(trackName_(feature, fields, {}, summary.name, number, true));
+    Track& track = trackOf_(feature, fields, summary.name, number, true, tracks);
     std::size_t vertex = 0;
     for (const OGRLineString* part : parts)
     {
@@ -601,7 +610,7 @@ ReadReport GdalTrackReader::readFile(const std::string& path)
       OGRLayer* layer = dataset->GetLayerByName(name);
       if (!layer)
         continue;
-      summaries.push_back(reader.read(*layer, names));
+      summaries.push_back(reader.read(*layer));
       if (!reader.points().list.empty() || !report.errors.empty())
         break;
     }
@@ -612,7 +621,7 @@ ReadReport GdalTrackReader::readFile(const std::string& path)
   {
     for (OGRLayer* layer : dataset->GetLayers())
     {
-      summaries.push_back(reader.read(*layer, names));
+      summaries.push_back(reader.read(*layer));
       if (!report.errors.empty())
         break;
     }
@@ -640,14 +649,14 @@ ReadReport GdalTrackReader::readFile(const std::string& path)
   if (gpx)
   {
     // GPX track points name their track by its id; the tracks layer holds the names.
-    for (Track& track : tracks.list)
+    const std::string prefix = "track_points\x1f";
+    for (std::size_t t = 0; t < tracks.list.size(); ++t)
     {
-      const std::string prefix = "track_points ";
-      if (track.name.rfind(prefix, 0) != 0)
+      if (tracks.keys[t].rfind(prefix, 0) != 0)
         continue;
-      const auto named = names.find(std::atoll(track.name.c_str() + prefix.size()));
+      const auto named = names.find(std::atoll(tracks.keys[t].c_str() + prefix.size()));
       if (named != names.end() && !named->second.empty())
-        track.name = named->second;
+        tracks.list[t].name = named->second;
     }
   }
 

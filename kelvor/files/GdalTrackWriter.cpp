@@ -78,7 +78,7 @@ private:
 /// The point fields' indexes in a layer; -1 for one the layer lacks.
 struct PointFields
 {
-  int track = -1, time = -1, alt = -1, motion[6] = {-1, -1, -1, -1, -1, -1}, fid = -1, segment = -1, mode = -1;
+  int track = -1, id = -1, time = -1, alt = -1, motion[6] = {-1, -1, -1, -1, -1, -1}, segment = -1, mode = -1;
 };
 
 const char* const MOTION[] = {"yaw", "pitch", "roll", "ve", "vn", "vu"};
@@ -100,7 +100,7 @@ PointFields pointFields(OGRLayer& layer, bool gpx, bool kml)
   if (gpx)
   {
     // GPX's own track point fields: the trk, its segment, ele and time; the rest go to extensions.
-    f.fid = addField(layer, "track_fid", OFTInteger);
+    f.id = addField(layer, "track_fid", OFTInteger);
     f.segment = addField(layer, "track_seg_id", OFTInteger);
     f.track = addField(layer, "track_name", OFTString);
     f.alt = addField(layer, "ele", OFTReal);
@@ -108,6 +108,8 @@ PointFields pointFields(OGRLayer& layer, bool gpx, bool kml)
   }
   else
   {
+    // Platforms may share a name: the id tells their points apart.
+    f.id = addField(layer, "track_id", OFTInteger64);
     f.track = addField(layer, "track", OFTString);
     // KML's placemarks take their TimeStamp from this field.
     f.time = addField(layer, kml ? "timestamp" : "time", OFTDateTime);
@@ -131,11 +133,9 @@ bool writePoints(OGRLayer& layer, const PointFields& f, const Entity& platform, 
     for (int m = 0; m < 6; ++m)
       feature.UnsetField(f.motion[m]);
     feature.SetFID(OGRNullFID);
+    feature.SetField(f.id, static_cast<GIntBig>(number));
     if (gpx)
-    {
-      feature.SetField(f.fid, static_cast<GIntBig>(number));
       feature.SetField(f.segment, 0);
-    }
     feature.SetField(f.track, name.c_str());
     if (p.time >= 0.0)
       clock.set(feature, f.time, p.time);
@@ -165,7 +165,7 @@ bool writePoints(OGRLayer& layer, const PointFields& f, const Entity& platform, 
 }
 
 /// Writes the platform's timed points as one line. @param measured true for M values as the vertices' Unix seconds
-bool writeLine(OGRLayer& layer, const Entity& platform, const Clock& clock, bool measured, bool kml)
+bool writeLine(OGRLayer& layer, const Entity& platform, long long number, const Clock& clock, bool measured, bool kml)
 {
   OGRLineString* line = new OGRLineString();
   std::vector<double> times;
@@ -188,6 +188,7 @@ bool writeLine(OGRLayer& layer, const Entity& platform, const Clock& clock, bool
   if (line->getNumPoints() < 2)
     return true;
   OGRFeatureDefn& definition = *layer.GetLayerDefn();
+  feature.SetField(definition.GetFieldIndex("track_id"), static_cast<GIntBig>(number));
   feature.SetField(definition.GetFieldIndex("name"), nameOfHeader(platform.header).c_str());
   clock.set(feature, definition.GetFieldIndex("begin"), begin);
   clock.set(feature, definition.GetFieldIndex("end"), end);
@@ -200,7 +201,7 @@ bool writeLine(OGRLayer& layer, const Entity& platform, const Clock& clock, bool
 
 bool lineFields(OGRLayer& layer, bool timesList, bool kml)
 {
-  return addField(layer, "name", OFTString) >= 0 && addField(layer, "begin", OFTDateTime) >= 0 &&
+  return addField(layer, "track_id", OFTInteger64) >= 0 && addField(layer, "name", OFTString) >= 0 && addField(layer, "begin", OFTDateTime) >= 0 &&
          addField(layer, "end", OFTDateTime) >= 0 && (!timesList || addField(layer, "times", OFTRealList) >= 0) &&
          (!kml || addField(layer, "altitudeMode", OFTString) >= 0);
 }
@@ -284,7 +285,7 @@ bool GdalTrackWriter::writeFile(const std::string& path, const std::vector<Uniqu
     if (!points || (!gpx && !lines) || (lines && !lineFields(*lines, geojson, kml)))
       return failed("cannot make its layers");
     const PointFields fields = pointFields(*points, gpx, kml);
-    if (fields.track < 0 || fields.time < 0 || fields.alt < 0)
+    if (fields.track < 0 || fields.id < 0 || fields.time < 0 || fields.alt < 0)
       return failed("cannot make its fields");
     const Clock clock(store_.properties().referenceYear);
     long long number = 0;
@@ -293,7 +294,7 @@ bool GdalTrackWriter::writeFile(const std::string& path, const std::vector<Uniqu
       const Entity* platform = store_.entity(id);
       if (!platform || platform->kind != PI_PLATFORM_TYPE)
         continue;
-      if (lines && !writeLine(*lines, *platform, clock, !kml && !geojson, kml))
+      if (lines && !writeLine(*lines, *platform, number, clock, !kml && !geojson, kml))
         return failed("cannot write the line of " + nameOfHeader(platform->header));
       if (!writePoints(*points, fields, *platform, number++, clock, gpx))
         return failed("cannot write the points of " + nameOfHeader(platform->header));
