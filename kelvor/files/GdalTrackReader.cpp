@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <future>
 #include <limits>
 #include <map>
 #include <memory>
@@ -454,7 +455,12 @@ private:
         const double* list = feature.GetFieldAsDoubleList(fields.times, &count);
         times.assign(list, list + count);
       }
-      else if (type == OFTIntegerList || type == OFTInteger64List)
+      else if (type == OFTIntegerList)
+      {
+        const int* list = feature.GetFieldAsIntegerList(fields.times, &count);
+        times.assign(list, list + count);
+      }
+      else if (type == OFTInteger64List)
       {
         const GIntBig* list = feature.GetFieldAsInteger64List(fields.times, &count);
         for (int i = 0; i < count; ++i)
@@ -502,11 +508,13 @@ private:
   std::uint32_t layerIndex_ = 0;
 };
 
-/// @return the name of each GPX track by its id (the track points' track_fid).
-std::map<long long, std::string> gpxTrackNames(GDALDataset& dataset)
+/// @return the name of each GPX track by its id (the track points' track_fid); none when the file cannot be read.
+std::map<long long, std::string> gpxTrackNames(const std::string& path, char** drivers)
 {
+  GdalScope gdal;
   std::map<long long, std::string> names;
-  OGRLayer* tracks = dataset.GetLayerByName("tracks");
+  GDALDatasetUniquePtr dataset(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, drivers, nullptr, nullptr));
+  OGRLayer* tracks = dataset ? dataset->GetLayerByName("tracks") : nullptr;
   if (!tracks)
     return names;
   const int name = tracks->GetLayerDefn()->GetFieldIndex("name");
@@ -517,7 +525,6 @@ std::map<long long, std::string> gpxTrackNames(GDALDataset& dataset)
   for (OGRFeatureUniquePtr f(tracks->GetNextFeature()); f; f.reset(tracks->GetNextFeature()))
     if (f->IsFieldSetAndNotNull(name))
       names[f->GetFID()] = f->GetFieldAsString(name);
-  tracks->SetIgnoredFields(nullptr);
   return names;
 }
 
@@ -604,7 +611,11 @@ ReadReport GdalTrackReader::readFile(const std::string& path)
   const bool gpx = EQUAL(dataset->GetDriver()->GetDescription(), "GPX");
   if (gpx)
   {
-    // A GPX file's tracks, else its route, else its waypoints: each layer is a pass over the file.
+    // Each layer of a GPX file is a pass over it: the track names (the tracks layer) are read on
+    // a second thread, over a dataset of its own, while the track points are read here.
+    std::future<std::map<long long, std::string>> trackNames =
+        std::async(std::launch::async, gpxTrackNames, path, drivers.List());
+    // A GPX file's tracks, else its route, else its waypoints.
     for (const char* name : {"track_points", "route_points", "waypoints"})
     {
       OGRLayer* layer = dataset->GetLayerByName(name);
@@ -614,8 +625,7 @@ ReadReport GdalTrackReader::readFile(const std::string& path)
       if (!reader.points().list.empty() || !report.errors.empty())
         break;
     }
-    if (!reader.points().list.empty() && report.errors.empty())
-      names = gpxTrackNames(*dataset);
+    names = trackNames.get();
   }
   else
   {

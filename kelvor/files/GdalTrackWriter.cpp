@@ -1,6 +1,8 @@
 #include "files/GdalTrackWriter.h"
 
+#include "files/AtomicFile.h"
 #include "files/GdalScope.h"
+#include "files/GeoJsonTrackWriter.h"
 
 #include <cpl_string.h>
 #include <cpl_time.h>
@@ -168,7 +170,6 @@ bool writePoints(OGRLayer& layer, const PointFields& f, const Entity& platform, 
 bool writeLine(OGRLayer& layer, const Entity& platform, long long number, const Clock& clock, bool measured, bool kml)
 {
   OGRLineString* line = new OGRLineString();
-  std::vector<double> times;
   double begin = -1.0, end = -1.0;
   for (const StoredPlatformPoint& p : platform.platformPoints)
   {
@@ -181,7 +182,6 @@ bool writeLine(OGRLayer& layer, const Entity& platform, long long number, const 
       line->addPoint(p.lon * DEG, p.lat * DEG, p.alt, clock.unix(p.time));
     else
       line->addPoint(p.lon * DEG, p.lat * DEG, p.alt);
-    times.push_back(clock.unix(p.time));
   }
   OGRFeature feature(layer.GetLayerDefn());
   feature.SetGeometryDirectly(line);
@@ -192,17 +192,15 @@ bool writeLine(OGRLayer& layer, const Entity& platform, long long number, const 
   feature.SetField(definition.GetFieldIndex("name"), nameOfHeader(platform.header).c_str());
   clock.set(feature, definition.GetFieldIndex("begin"), begin);
   clock.set(feature, definition.GetFieldIndex("end"), end);
-  if (const int list = definition.GetFieldIndex("times"); list >= 0)
-    feature.SetField(list, static_cast<int>(times.size()), times.data());
   if (kml)
     feature.SetField(definition.GetFieldIndex("altitudeMode"), "absolute");
   return layer.CreateFeature(&feature) == OGRERR_NONE;
 }
 
-bool lineFields(OGRLayer& layer, bool timesList, bool kml)
+bool lineFields(OGRLayer& layer, bool kml)
 {
   return addField(layer, "track_id", OFTInteger64) >= 0 && addField(layer, "name", OFTString) >= 0 && addField(layer, "begin", OFTDateTime) >= 0 &&
-         addField(layer, "end", OFTDateTime) >= 0 && (!timesList || addField(layer, "times", OFTRealList) >= 0) &&
+         addField(layer, "end", OFTDateTime) >= 0 &&
          (!kml || addField(layer, "altitudeMode", OFTString) >= 0);
 }
 
@@ -241,6 +239,9 @@ bool GdalTrackWriter::writeFile(const std::string& path, const std::vector<Uniqu
     error = "cannot write " + path + ": its ending names no track format (.gpx, .kml, .geojson or .gpkg)";
     return false;
   }
+  if (driverName == "GeoJSON")
+    return AtomicFile::write(
+        path, [&](std::ostream& out) { GeoJsonTrackWriter(store_).write(out, platforms); }, error);
   GdalScope gdal;
   GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(driverName.c_str());
   if (!driver)
@@ -251,7 +252,7 @@ bool GdalTrackWriter::writeFile(const std::string& path, const std::vector<Uniqu
   // The temporary file keeps the ending: some drivers choose what they write by it.
   const std::string temporary = path + ".saving" + endingOf(path);
   VSIUnlink(temporary.c_str());
-  const bool gpx = driverName == "GPX", kml = driverName == "LIBKML", geojson = driverName == "GeoJSON";
+  const bool gpx = driverName == "GPX", kml = driverName == "LIBKML";
   CPLStringList options;
   if (gpx)
     options.SetNameValue("GPX_USE_EXTENSIONS", "YES");
@@ -272,17 +273,12 @@ bool GdalTrackWriter::writeFile(const std::string& path, const std::vector<Uniqu
     OGRLayer* points = nullptr;
     if (gpx)
       points = dataset->CreateLayer("track_points", &wgs84, wkbPoint, nullptr);
-    else if (geojson)
-    {
-      // One layer a GeoJSON file: the lines and the points in one collection.
-      lines = points = dataset->CreateLayer("tracks", &wgs84, wkbUnknown, nullptr);
-    }
     else
     {
       lines = dataset->CreateLayer("tracks", &wgs84, kml ? wkbLineString25D : wkbLineStringZM, nullptr);
       points = dataset->CreateLayer("points", &wgs84, wkbPoint25D, nullptr);
     }
-    if (!points || (!gpx && !lines) || (lines && !lineFields(*lines, geojson, kml)))
+    if (!points || (!gpx && !lines) || (lines && !lineFields(*lines, kml)))
       return failed("cannot make its layers");
     const PointFields fields = pointFields(*points, gpx, kml);
     if (fields.track < 0 || fields.id < 0 || fields.time < 0 || fields.alt < 0)
@@ -294,7 +290,7 @@ bool GdalTrackWriter::writeFile(const std::string& path, const std::vector<Uniqu
       const Entity* platform = store_.entity(id);
       if (!platform || platform->kind != PI_PLATFORM_TYPE)
         continue;
-      if (lines && !writeLine(*lines, *platform, number, clock, !kml && !geojson, kml))
+      if (lines && !writeLine(*lines, *platform, number, clock, !kml, kml))
         return failed("cannot write the line of " + nameOfHeader(platform->header));
       if (!writePoints(*points, fields, *platform, number++, clock, gpx))
         return failed("cannot write the points of " + nameOfHeader(platform->header));

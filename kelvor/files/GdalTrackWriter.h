@@ -20,7 +20,8 @@ namespace kelvor
  * - KML: a "tracks" folder of lines with a TimeSpan, a "points" folder of placemarks with a
  *   TimeStamp (the time field is "timestamp"); altitudes absolute;
  * - GeoJSON (one layer a file): one feature collection of the lines, each with begin, end and
- *   a "times" list of the Unix second of each vertex, and the points;
+ *   a "times" list of the Unix second of each vertex, and the points, written by
+ *   GeoJsonTrackWriter (GDAL's own writer takes ten times as long);
  * - GeoPackage: a "tracks" layer of LineStringZM, M the Unix second of each vertex, and a
  *   "points" layer.
  * Positions are WGS 84 degrees; times are UTC date-times to the millisecond (M values and
