@@ -96,7 +96,8 @@ int addField(OGRLayer& layer, const char* name, OGRFieldType type)
   return layer.GetLayerDefn()->GetFieldIndex(name);
 }
 
-PointFields pointFields(OGRLayer& layer, bool gpx, bool kml)
+/// @param motion false when no point has orientation or velocity: GPX then writes no extensions
+PointFields pointFields(OGRLayer& layer, bool gpx, bool kml, bool motion)
 {
   PointFields f;
   if (gpx)
@@ -119,7 +120,7 @@ PointFields pointFields(OGRLayer& layer, bool gpx, bool kml)
     if (kml)
       f.mode = addField(layer, "altitudeMode", OFTString);
   }
-  for (int m = 0; m < 6; ++m)
+  for (int m = 0; m < 6 && (motion || !gpx); ++m)
     f.motion[m] = addField(layer, MOTION[m], OFTReal);
   return f;
 }
@@ -133,7 +134,8 @@ bool writePoints(OGRLayer& layer, const PointFields& f, const Entity& platform, 
   {
     feature.UnsetField(f.time);
     for (int m = 0; m < 6; ++m)
-      feature.UnsetField(f.motion[m]);
+      if (f.motion[m] >= 0)
+        feature.UnsetField(f.motion[m]);
     feature.SetFID(OGRNullFID);
     feature.SetField(f.id, static_cast<GIntBig>(number));
     if (gpx)
@@ -280,7 +282,12 @@ bool GdalTrackWriter::writeFile(const std::string& path, const std::vector<Uniqu
     }
     if (!points || (!gpx && !lines) || (lines && !lineFields(*lines, kml)))
       return failed("cannot make its layers");
-    const PointFields fields = pointFields(*points, gpx, kml);
+    bool motion = false;
+    for (UniqueID_t id : platforms)
+      if (const Entity* platform = store_.entity(id))
+        for (auto p = platform->platformPoints.begin(); p != platform->platformPoints.end() && !motion; ++p)
+          motion = p->hasOrientation() || p->hasVelocity();
+    const PointFields fields = pointFields(*points, gpx, kml, motion);
     if (fields.track < 0 || fields.id < 0 || fields.time < 0 || fields.alt < 0)
       return failed("cannot make its fields");
     const Clock clock(store_.properties().referenceYear);

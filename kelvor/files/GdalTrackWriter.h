@@ -13,10 +13,11 @@ namespace kelvor
  * ending: .gpx (GPX), .kml (KML), .geojson or .json (GeoJSON), .gpkg (GeoPackage).
  *
  * Each platform is a line with a time a vertex, and each of its points a point feature with
- * fields time, alt (metres), yaw, pitch, roll (degrees), ve, vn, vu (east, north, up, m/s)
- * and the platform's name in "track"; a field without a value is a point without that datum:
+ * fields time, alt (metres), yaw, pitch, roll (degrees), ve, vn, vu (east, north, up, m/s),
+ * the platform's name in "track" and its place in the list in "track_id" (platforms may share
+ * a name); a field without a value is a point without that datum:
  * - GPX: one trk a platform, named after it, whose trkpt carry ele and time, and orientation
- *   and velocity as extensions (ogr:yaw and so on);
+ *   and velocity as extensions (ogr:yaw and so on) when any point has them;
  * - KML: a "tracks" folder of lines with a TimeSpan, a "points" folder of placemarks with a
  *   TimeStamp (the time field is "timestamp"); altitudes absolute;
  * - GeoJSON (one layer a file): one feature collection of the lines, each with begin, end and
@@ -25,7 +26,7 @@ namespace kelvor
  * - GeoPackage: a "tracks" layer of LineStringZM, M the Unix second of each vertex, and a
  *   "points" layer.
  * Positions are WGS 84 degrees; times are UTC date-times to the millisecond (M values and
- * times lists keep the full second). A static point has no time; a platform with fewer than
+ * times lists are Unix seconds, as precise as a double holds them). A static point has no time; a platform with fewer than
  * two timed points has no line. GdalTrackReader reads every one of these files back to the
  * same platforms and points.
  *
