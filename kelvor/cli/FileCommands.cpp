@@ -104,7 +104,10 @@ int check(CommandContext& context)
   // A replaced record is a warning, not an error: the file still reads whole.
   if (report.errors.empty())
   {
-    context.out() << path << ": " << report.lines << " lines, all readable" << replacements(report) << '\n';
+    // A track file GDAL reads is counted in features, not lines.
+    const bool text = EditSession::isCsv(path) || EditSession::isScenario(path);
+    context.out() << path << ": " << report.lines << (text ? " lines" : " features") << ", all readable"
+                  << replacements(report) << '\n';
     return 0;
   }
   context.out() << path << ": " << report.errors.size() << " of " << report.lines << " lines cannot be read"

@@ -353,6 +353,8 @@ TEST_F(KelvorEditTrackFiles, ExportWritesWhatConvertReadsBackAndNothingOnFailure
   ScenarioStore back;
   ASSERT_TRUE(ScenarioReader(back).readFile(path("eagle.kls")).ok());
   expectSameTracks({timed[0]}, back, {}, "convert of an export");
+  ASSERT_EQ(KelvorEdit::SUCCESS, edit({"check", gpx})) << err.str();
+  EXPECT_EQ(gpx + ": 301 features, all readable\n", out.str()) << "a track file has features, not lines";
   ASSERT_EQ(KelvorEdit::SUCCESS, edit({"info", gpx, "--reference-year", "2023"})) << err.str();
   EXPECT_NE(std::string::npos, out.str().find("reference year: 2023")) << out.str();
 
