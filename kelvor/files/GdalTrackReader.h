@@ -14,13 +14,15 @@ namespace kelvor
  * shapefiles and the rest. One platform a track:
  * - point layers whose features carry a time (a date-time field named time, timestamp, when
  *   or datetime, or a field of the DateTime type; text in ISO 8601 or GDAL's own
- *   "2024/03/01 00:00:00.125+00"; numbers as Unix seconds), grouped into tracks by the first
- *   field of track_name, track, track_id, track_fid, platform or name the layer has (a layer
- *   without one is one track). A GPX file gives its track points, a track for each trk (its
- *   segments joined) named after it; without track points its route points, else its waypoints.
+ *   "2024/03/01 00:00:00.125+00"; numbers as Unix seconds), grouped into tracks by an id
+ *   (track_id, track_fid or route_fid; ids count within their layer), else by a name (the
+ *   first of track_name, track, platform or name the layer has); a layer without either is one
+ *   track. A track is named by its name field, else as "LAYER ID". A GPX file gives its track
+ *   points, a track for each trk (its segments joined) named after it; without track points
+ *   its route points, else its waypoints.
  * - line layers (LineString, MultiLineString) whose vertices carry their time: M values in Unix
- *   seconds, or a "times" field listing one Unix second a vertex. Features of one name field
- *   make one track; without one each feature is a track.
+ *   seconds, or a "times" field listing one Unix second a vertex. Features of one id or name
+ *   make one track; without either each feature is a track, named "LAYER N".
  * When a file holds both, as the files of GdalTrackWriter do, the point layers are read: they
  * hold orientation and velocity as well.
  *
