@@ -51,7 +51,7 @@ test: build build-sanitize fuzz
 # Each reader of outside input under libFuzzer for FUZZ_SECONDS, from the checked-in seeds.
 fuzz: deps $(FUZZ_DIR)/build.ninja
 	cmake --build $(FUZZ_DIR)
-	@for pair in ScenarioReader:scenario CsvTrackReader:csv GogReader:gog TimeStringReader:time EntityMimeData:mime; do \
+	@for pair in ScenarioReader:scenario CsvTrackReader:csv GogReader:gog GdalTrackReader:gdal TimeStringReader:time EntityMimeData:mime; do \
 	  target=$${pair%%:*}; seeds=$${pair##*:}; mkdir -p $(FUZZ_DIR)/corpus/$$seeds; \
 	  echo "== fuzzing $$target for $(FUZZ_SECONDS) s"; \
 	  $(FUZZ_DIR)/fuzz/$${target}Fuzz -max_total_time=$(FUZZ_SECONDS) -print_final_stats=0 \

@@ -13,6 +13,8 @@ packages=(
   xvfb xauth
   xdotool          # moves the pointer from one window to another in the test of a drag between two processes
   clang libclang-rt-14-dev
+  libgdal-dev      # reads and writes tracks of GPX, KML, GeoJSON, GeoPackage and the other vector formats
+  gdal-bin gpsbabel  # ogr2ogr and gpsbabel make the other tools' files that the track import tests read
 )
 
 missing=()

@@ -68,8 +68,8 @@ int CommandContext::start(std::size_t count, const std::string& names, bool whol
   std::string error;
   if (readsReferenceYear_ && !args_.integer("--reference-year", year, 1, 9999, error))
     return usage(error);
-  if (readsReferenceYear_ && args_.has("--reference-year") && !EditSession::isCsv(inFile()))
-    return usage("--reference-year applies to CSV tracks; a scenario file holds its own");
+  if (readsReferenceYear_ && args_.has("--reference-year") && EditSession::isScenario(inFile()))
+    return usage("--reference-year applies to CSV tracks and the other track files; a scenario file holds its own");
   if (!open_(inFile()))
     return 1;
   // Writing a scenario from a file with lines that could not be read would drop them.

@@ -16,6 +16,7 @@ int check(CommandContext& context);
 int convert(CommandContext& context);
 int removeDuplicates(CommandContext& context);
 int validate(CommandContext& context);
+int exportTracks(CommandContext& context);
 
 // Track processing: TrackCommands.cpp
 int decimate(CommandContext& context);

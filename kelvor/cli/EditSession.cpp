@@ -1,13 +1,17 @@
 #include "cli/EditSession.h"
 
 #include "files/CsvTrackReader.h"
+#include "files/GdalTrackReader.h"
 #include "files/NumberText.h"
 #include "files/ScenarioReader.h"
 #include "host/PIClientFunctions.h"
 #include "host/PluginExports.h"
+#include "kelCore/StringUtils.h"
 
 #include <QDir>
 #include <QStandardPaths>
+
+#include <fstream>
 
 namespace kelvor
 {
@@ -55,6 +59,21 @@ bool EditSession::isCsv(const std::string& path)
   return end == ".csv";
 }
 
+bool EditSession::isScenario(const std::string& path)
+{
+  if (path.size() >= 4)
+  {
+    std::string end = path.substr(path.size() - 4);
+    for (char& c : end)
+      c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    if (end == ".kls")
+      return true;
+  }
+  std::ifstream in(path, std::ios::binary);
+  std::string word;
+  return in >> word && kelCore::caseCompare(word, "kelvor-scenario") == 0;
+}
+
 ReadReport EditSession::open(const std::string& path, int referenceYear)
 {
   if (isCsv(path))
@@ -63,7 +82,12 @@ ReadReport EditSession::open(const std::string& path, int referenceYear)
     options.referenceYear = referenceYear;
     return CsvTrackReader(store_, options).readFile(path);
   }
-  return ScenarioReader(store_).readFile(path);
+  if (isScenario(path))
+    return ScenarioReader(store_).readFile(path);
+  // Every other file is a track file of the formats other tools write.
+  GdalTrackReader::Options options;
+  options.referenceYear = referenceYear;
+  return GdalTrackReader(store_, options).readFile(path);
 }
 
 std::vector<UniqueID_t> EditSession::entitiesNamed(const std::string& nameOrId) const

@@ -27,13 +27,16 @@ public:
   EditSession& operator=(const EditSession&) = delete;
 
   /**
-   * Reads a scenario file, or a CSV track file by its ".csv" ending.
-   * @param referenceYear for a CSV track, the year its times count from; 0 for the year of its
+   * Reads a scenario file, a CSV track file by its ".csv" ending, or any other file as a track
+   * file through GDAL (GPX, KML, GeoJSON, GeoPackage, shapefiles...).
+   * @param referenceYear for a track file, the year its times count from; 0 for the year of its
    * first dated time
    */
   ReadReport open(const std::string& path, int referenceYear = 0);
   /// @return true for a path that names a CSV track file.
   static bool isCsv(const std::string& path);
+  /// @return true for a path that names a scenario file: ending in ".kls", or beginning with "kelvor-scenario".
+  static bool isScenario(const std::string& path);
 
   /**
    * @return the entities a NAME_OR_ID names, in the store's order: those whose original id

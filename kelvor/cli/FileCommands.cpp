@@ -1,6 +1,7 @@
-// kelvor-edit commands on whole files: info, check, convert, remove-duplicates, validate.
+// kelvor-edit commands on whole files: info, check, convert, remove-duplicates, validate, export.
 #include "cli/Commands.h"
 
+#include "files/GdalTrackWriter.h"
 #include "files/NumberText.h"
 #include "files/ScenarioVocabulary.h"
 #include "host/PIDataEntities.h"
@@ -103,7 +104,10 @@ int check(CommandContext& context)
   // A replaced record is a warning, not an error: the file still reads whole.
   if (report.errors.empty())
   {
-    context.out() << path << ": " << report.lines << " lines, all readable" << replacements(report) << '\n';
+    // A track file GDAL reads is counted in features, not lines.
+    const bool text = EditSession::isCsv(path) || EditSession::isScenario(path);
+    context.out() << path << ": " << report.lines << (text ? " lines" : " features") << ", all readable"
+                  << replacements(report) << '\n';
     return 0;
   }
   context.out() << path << ": " << report.errors.size() << " of " << report.lines << " lines cannot be read"
@@ -236,6 +240,43 @@ int validate(CommandContext& context)
   }
   // Once the repairs are written the command has done its work; what is left is listed.
   return fix || clean ? 0 : 1;
+}
+
+int exportTracks(CommandContext& context)
+{
+  const std::vector<std::string>& files = context.args().files();
+  if (files.size() == 2 && GdalTrackWriter::driverFor(files[1]).empty())
+    return context.usage("OUT must end in .gpx, .kml, .geojson or .gpkg, not '" + files[1] + "'");
+  if (const int status = context.start(2, "IN and OUT.gpx|.kml|.geojson|.gpkg", true))
+    return status;
+  const std::string& out = context.outFile();
+  std::vector<UniqueID_t> ids;
+  if (!context.platforms(ids))
+    return 1;
+  context.progress().step("writing " + out);
+  std::string error;
+  const bool written = GdalTrackWriter(context.session().store()).writeFile(out, ids, error);
+  context.progress().clear();
+  if (!written)
+    return context.fail(error + "; nothing written");
+  std::size_t points = 0;
+  QJsonArray platforms;
+  for (UniqueID_t id : ids)
+  {
+    const std::size_t count = context.session().store().entity(id)->platformPoints.size();
+    points += count;
+    QJsonObject platform = context.entityJson(id);
+    platform["points"] = static_cast<qint64>(count);
+    platforms.append(platform);
+  }
+  if (context.args().has("--json"))
+  {
+    context.printJson(QJsonObject{{"file", text(out)}, {"platforms", platforms}, {"points", static_cast<qint64>(points)}});
+    return 0;
+  }
+  context.out() << "wrote " << out << ": " << ids.size() << (ids.size() == 1 ? " platform, " : " platforms, ") << points
+                << (points == 1 ? " point\n" : " points\n");
+  return 0;
 }
 
 } // namespace kelvor::commands

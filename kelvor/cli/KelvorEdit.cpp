@@ -37,9 +37,17 @@ const std::vector<CommandEntry>& commandTable()
      "Exits 1 when a line cannot be read; a replaced record is a warning.\n",
      {}, commands::check},
     {"convert", "convert IN OUT [--positions S]",
-     "Reads IN and writes OUT as a scenario file.\n"
+     "Reads IN and writes OUT as a scenario file. IN may be a track file of another tool (GPX, KML, GeoJSON,\n"
+     "GeoPackage, shapefile...): one platform a track, read through GDAL.\n"
      "  --positions S    the system of OUT's positions: LLA (the default), ECEF, NED, NWU, ENU, XEAST or GTP\n",
      {{"--positions", true}}, commands::convert},
+    {"export", "export IN OUT.gpx|.kml|.geojson|.gpkg [--entity NAME_OR_ID]... [--json]",
+     "Writes the platforms' tracks for other tools, in the format OUT's ending names: each platform a line with\n"
+     "a time a vertex, and its points as point features with time, alt (m), yaw, pitch, roll (degrees) and ve,\n"
+     "vn, vu (m/s). GPX: one trk a platform, orientation and velocity as extensions. convert reads every one back.\n"
+     "  --entity X       a platform by name or id; every platform when none is named\n"
+     "  --json           what was written: {\"file\": OUT, \"platforms\": [{\"name\", \"id\", \"points\"}], \"points\": N}\n",
+     {ENTITIES, {"--json"}}, commands::exportTracks},
     {"remove-duplicates", "remove-duplicates IN OUT [--entity NAME_OR_ID]...",
      "Of each run of three or more points equal but for their time, keeps the first and the last.\n"
      "  --entity X       an entity (any kind) and its children; the whole scenario when none is named\n",
@@ -197,9 +205,10 @@ bool ownsReferenceYear(const CommandEntry& entry)
 void commandHelp(const CommandEntry& entry, std::ostream& out)
 {
   out << "Usage: kelvor-edit " << entry.synopsis << "\n\n" << entry.help;
-  out << "\nIN and FILE may be a scenario (.kls) or a CSV track (.csv); OUT may be IN.\n";
+  out << "\nIN and FILE may be a scenario (.kls), a CSV track (.csv) or a track file GDAL reads (.gpx, .kml,\n"
+         ".geojson, .gpkg, .shp...); OUT may be IN.\n";
   if (!ownsReferenceYear(entry))
-    out << "  --reference-year Y  for a CSV track: the year its times count from (by default the year of its\n"
+    out << "  --reference-year Y  for a track file: the year its times count from (by default the year of its\n"
            "                      first time when the times are dates or Unix seconds)\n";
   out << "Exit status: 0 success, 1 failure (nothing written), 2 bad usage (nothing written).\n";
 }
@@ -285,8 +294,8 @@ int KelvorEdit::run(const std::vector<std::string>& arguments, std::ostream& out
 void KelvorEdit::usage_(std::ostream& out)
 {
   out << "Usage: kelvor-edit COMMAND ARGUMENTS\n"
-         "Batch edits of KELVOR Lite scenario files (.kls) and CSV tracks (.csv), with the Scenario Editor's\n"
-         "own code. NAME_OR_ID is an entity's name or id.\n"
+         "Batch edits of KELVOR Lite scenario files (.kls), CSV tracks (.csv) and the track files of other tools\n"
+         "(GPX, KML, GeoJSON, GeoPackage...), with the Scenario Editor's own code. NAME_OR_ID is an entity's name or id.\n"
          "\n"
          "Commands:\n";
   for (const CommandEntry& entry : commandTable())

@@ -5,6 +5,8 @@
 #include <QAbstractEventDispatcher>
 
 #include "files/CsvTrackReader.h"
+#include "files/GdalTrackReader.h"
+#include "files/GdalTrackWriter.h"
 #include "files/ScenarioReader.h"
 #include "files/ScenarioWriter.h"
 #include "server/KelvorServer.h"
@@ -135,6 +137,26 @@ void MainWindow::buildMenus_()
     notifyProblems_(report);
     if (report.loaded)
       setModified(true);
+  });
+  file->addAction(tr("I&mport..."), this, [this]() {
+    QStringList filters{tr("Track files (*.gpx *.kml *.kmz *.geojson *.json *.gpkg *.shp *.csv)"), tr("CSV (*.csv)")};
+    for (const std::string& filter : GdalTrackReader::fileFilters())
+      filters << QString::fromStdString(filter);
+    filters << tr("All files (*)");
+    const QString path = QFileDialog::getOpenFileName(this, tr("Import Tracks"), QString(), filters.join(";;"));
+    if (!path.isEmpty())
+      importTracks(path);
+  });
+  file->addAction(tr("E&xport..."), this, [this]() {
+    QString filter;
+    QString path = QFileDialog::getSaveFileName(this, tr("Export Tracks"), QString(),
+                                                tr("GPX (*.gpx);;KML (*.kml);;GeoJSON (*.geojson);;GeoPackage (*.gpkg)"),
+                                                &filter);
+    // A name typed without its ending takes the one of the format chosen.
+    if (!path.isEmpty() && GdalTrackWriter::driverFor(path.toStdString()).empty())
+      path += filter.mid(filter.indexOf("*.") + 1).chopped(1);
+    if (!path.isEmpty())
+      exportTracks(path);
   });
   file->addAction(tr("&Save"), this, [this]() { save(); }, QKeySequence::Save);
   file->addAction(tr("Save &As..."), this, [this]() {
@@ -286,6 +308,44 @@ void MainWindow::notifyProblems_(const ReadReport& report)
     notifications_->add(QString::fromStdString(e), NOTIFY_ERROR);
   for (const std::string& w : report.warnings)
     notifications_->add(QString::fromStdString(w), NOTIFY_WARN);
+}
+
+bool MainWindow::importTracks(const QString& path)
+{
+  // Into an empty scenario the file's tracks come as they are, with the year their times count from.
+  const bool replace = store_.entityCount() == 0 && !store_.properties().initialized;
+  const std::string file = path.toStdString();
+  ReadReport report;
+  if (path.endsWith(".csv", Qt::CaseInsensitive))
+    report = CsvTrackReader(store_, {false, replace}).readFile(file);
+  else
+  {
+    GdalTrackReader::Options options;
+    options.replace = replace;
+    report = GdalTrackReader(store_, options).readFile(file);
+  }
+  notifyProblems_(report);
+  if (!report.loaded)
+  {
+    statusBar()->showMessage(tr("%1 could not be imported; see the notifications.").arg(path), 8000);
+    return false;
+  }
+  notifications_->add(tr("Imported %1: %2 platforms").arg(path).arg(report.entities), NOTIFY_NOTICE);
+  setModified(true);
+  refreshNow();
+  return true;
+}
+
+bool MainWindow::exportTracks(const QString& path)
+{
+  std::string error;
+  if (!GdalTrackWriter(store_).writeFile(path.toStdString(), store_.list(PI_PLATFORM_TYPE), error))
+  {
+    QMessageBox::critical(this, tr("Export"), QString::fromStdString(error));
+    return false;
+  }
+  statusBar()->showMessage(tr("Exported %1").arg(path), 4000);
+  return true;
 }
 
 bool MainWindow::save()

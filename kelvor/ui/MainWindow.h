@@ -52,6 +52,14 @@ public:
 
   /// Opens a scenario (.kls) or CSV track file, asking first about unsaved changes. @return true when opened
   bool openFile(const QString& path);
+  /**
+   * Adds the tracks of a track file to the scenario (File > Import...): a CSV file by its ".csv"
+   * ending, any other through GDAL (GPX, KML, GeoJSON, GeoPackage, shapefiles...). Into an empty
+   * scenario the tracks come with their reference year. @return true when added
+   */
+  bool importTracks(const QString& path);
+  /// Writes every platform's track to a .gpx, .kml, .geojson or .gpkg file, by its ending (File > Export...). @return true when written
+  bool exportTracks(const QString& path);
   /// Saves to the file opened, or asks for one. @return true when saved
   bool save();
   /// Saves to path. @return true when saved

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -180,6 +181,35 @@ TEST_F(KelvorLiteWindow, ARightClickBuildsTheMenuThePluginsAskFor)
   item->trigger();
   const NotificationsDock* notes = host->window().notifications();
   EXPECT_EQ("INFO: Menu: Command", notes->line(notes->count() - 1));
+}
+
+TEST_F(KelvorLiteWindow, ImportAddsTheTracksOfATrackFileAndExportWritesEveryPlatform)
+{
+  QStringList fileMenu;
+  for (QAction* action : host->window().menuBar()->actions().front()->menu()->actions())
+    fileMenu << action->text();
+  EXPECT_TRUE(fileMenu.contains("I&mport...") && fileMenu.contains("E&xport...")) << fileMenu.join(", ").toStdString();
+
+  ASSERT_TRUE(host->window().openFile(DEMO));
+  const std::size_t platforms = host->store().list(PI_PLATFORM_TYPE).size();
+  const QString exported = dir.filePath("demo.gpkg");
+  ASSERT_TRUE(host->window().exportTracks(exported));
+  EXPECT_FALSE(host->window().isModified()) << "an export changes nothing";
+  ASSERT_TRUE(host->window().importTracks(exported));
+  EXPECT_EQ(2 * platforms, host->store().list(PI_PLATFORM_TYPE).size()) << "added to the scenario open";
+  EXPECT_TRUE(host->window().isModified());
+  EXPECT_EQ(2024, host->store().properties().referenceYear);
+
+  // A file that cannot be read adds nothing and says why.
+  QFile bad(dir.filePath("bad.geojson"));
+  ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
+  bad.write("{\"type\":\"FeatureCollection\",\"features\":[]}");
+  bad.close();
+  const std::size_t entities = host->store().entityCount();
+  EXPECT_FALSE(host->window().importTracks(bad.fileName()));
+  EXPECT_EQ(entities, host->store().entityCount());
+  const NotificationsDock* notes = host->window().notifications();
+  EXPECT_TRUE(notes->line(notes->count() - 1).contains("no features")) << notes->line(notes->count() - 1).toStdString();
 }
 
 TEST_F(KelvorLiteWindow, UnsavedChangesAreNotLostWithoutBeingAsked)
