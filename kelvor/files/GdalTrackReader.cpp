@@ -562,16 +562,23 @@ GdalTrackReader::GdalTrackReader(ScenarioStore& store) : GdalTrackReader(store, 
 
 GdalTrackReader::GdalTrackReader(ScenarioStore& store, Options options) : store_(store), options_(std::move(options)) {}
 
+const std::vector<std::string>& GdalTrackReader::trackDrivers()
+{
+  static const std::vector<std::string> names{"GPX",     "KML",        "LIBKML",         "GeoJSON",
+                                              "GeoJSONSeq", "TopoJSON", "GPKG",          "ESRI Shapefile",
+                                              "FlatGeobuf", "MapInfo File", "OpenFileGDB"};
+  return names;
+}
+
 std::vector<std::string> GdalTrackReader::fileFilters()
 {
   GdalScope gdal;
   std::vector<std::string> filters;
-  GDALDriverManager* manager = GetGDALDriverManager();
-  for (int i = 0; i < manager->GetDriverCount(); ++i)
+  for (const std::string& name : trackDrivers())
   {
-    GDALDriver* driver = manager->GetDriver(i);
-    const char* extensions = driver->GetMetadataItem(GDAL_DMD_EXTENSIONS);
-    if (!driver->GetMetadataItem(GDAL_DCAP_VECTOR) || !extensions || !*extensions)
+    GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(name.c_str());
+    const char* extensions = driver ? driver->GetMetadataItem(GDAL_DMD_EXTENSIONS) : nullptr;
+    if (!extensions || !*extensions)
       continue;
     const CPLStringList list(CSLTokenizeString(extensions));
     std::string patterns;
@@ -593,10 +600,10 @@ ReadReport GdalTrackReader::readFile(const std::string& path)
     return report;
   };
   CPLStringList drivers;
-  for (const std::string& driver : options_.drivers)
+  for (const std::string& driver : options_.drivers.empty() ? trackDrivers() : options_.drivers)
     drivers.AddString(driver.c_str());
-  GDALDatasetUniquePtr dataset(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY,
-                                                 drivers.empty() ? nullptr : drivers.List(), nullptr, nullptr));
+  GDALDatasetUniquePtr dataset(
+      GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, drivers.List(), nullptr, nullptr));
   if (!dataset)
   {
     VSIStatBufL stat;

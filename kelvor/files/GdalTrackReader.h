@@ -48,7 +48,7 @@ public:
   {
     bool replace = true;               ///< true: the tracks become a new scenario; false: added to the one loaded
     int referenceYear = 0;             ///< the scenario's reference year; 0 for the year of the earliest time
-    std::vector<std::string> drivers;  ///< the GDAL drivers that may open the file (short names); empty for any
+    std::vector<std::string> drivers;  ///< the GDAL drivers that may open the file (short names); empty for trackDrivers()
   };
 
   explicit GdalTrackReader(ScenarioStore& store);
@@ -56,6 +56,13 @@ public:
 
   /// @param path a file, or a GDAL virtual path such as /vsimem/track.gpx
   ReadReport readFile(const std::string& path);
+
+  /**
+   * @return the drivers of the track files read unless others are asked for: files on disk
+   * only, none that reaches a server or other files by reference (virtual layers, web
+   * services, databases, schemas fetched by GML) or runs a program (GPSBabel)
+   */
+  static const std::vector<std::string>& trackDrivers();
 
   /// @return the name filters of a file dialog for the vector formats GDAL reads, "GPX (*.gpx)" and so on
   static std::vector<std::string> fileFilters();

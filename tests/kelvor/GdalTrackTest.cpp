@@ -299,6 +299,9 @@ TEST_F(GdalTracks, FilesWithoutTimesEmptyOrCorruptAreRefusedAndLoadNothing)
   std::filesystem::copy_file(gpx, path("cut.gpx"));
   std::filesystem::resize_file(path("cut.gpx"), size / 2);
   std::ofstream(path("noise.gpkg")) << std::string(4096, '\x5a');
+  // GDAL reads a virtual layer, but one could point anywhere: it is not a track file.
+  std::ofstream(path("other.vrt")) << "<OGRVRTDataSource><OGRVRTLayer name=\"track_points\"><SrcDataSource>" << gpx
+                                   << "</SrcDataSource></OGRVRTLayer></OGRVRTDataSource>\n";
 
   std::size_t vertices = 0;
   for (const Entity* platform : timed)
@@ -313,6 +316,7 @@ TEST_F(GdalTracks, FilesWithoutTimesEmptyOrCorruptAreRefusedAndLoadNothing)
     {"empty.geojson", "empty.geojson: no features: 1 layer: 'track_points' is empty"},
     {"cut.gpx", "cut.gpx: cannot be read to its end: XML parsing of GPX file failed"},
     {"noise.gpkg", "noise.gpkg: not a vector file GDAL reads"},
+    {"other.vrt", "other.vrt: not a vector file GDAL reads"},
     {"missing.gpx", "missing.gpx:0: cannot open the file"},
   };
   const std::string before = scenarioText(demo);
@@ -324,7 +328,7 @@ TEST_F(GdalTracks, FilesWithoutTimesEmptyOrCorruptAreRefusedAndLoadNothing)
       EXPECT_FALSE(report.loaded) << refusal.file;
       ASSERT_EQ(1u, report.errors.size()) << refusal.file;
       EXPECT_EQ(0u, report.errors[0].find(path(refusal.error))) << report.errors[0];
-      EXPECT_EQ(before, scenarioText(demo)) << refusal.file << ": the scenario is as it was";
+      EXPECT_TRUE(before == scenarioText(demo)) << refusal.file << ": the scenario is not as it was";
     }
   }
 }
