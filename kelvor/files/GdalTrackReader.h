@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/GdalLayerReader.h"
 #include "files/ReadReport.h"
 #include "store/ScenarioStore.h"
 
@@ -68,6 +69,11 @@ public:
   static std::vector<std::string> fileFilters();
 
 private:
+  /// @return the reference year of the tracks' scenario
+  int referenceYear_(const GdalLayerReader::Tracks& tracks) const;
+  /// Puts the staged platforms in the store: as a new scenario of that reference year, or added to the one loaded.
+  void commit_(ScenarioStore& staged, int year);
+
   ScenarioStore& store_;
   Options options_;
 };
