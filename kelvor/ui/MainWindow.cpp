@@ -133,7 +133,9 @@ void MainWindow::buildMenus_()
     const QString path = QFileDialog::getOpenFileName(this, tr("Import CSV Tracks"), QString(), tr("CSV (*.csv)"));
     if (path.isEmpty())
       return;
-    const ReadReport report = CsvTrackReader(store_, {false, false}).readFile(path.toStdString());
+    ReadReport report;
+    runCommand(tr("Import %1").arg(QFileInfo(path).fileName()).toStdString(),
+               [&] { report = CsvTrackReader(store_, {false, false}).readFile(path.toStdString()); });
     notifyProblems_(report);
     if (report.loaded)
       setModified(true);
@@ -169,7 +171,8 @@ void MainWindow::buildMenus_()
     const QString path = QFileDialog::getOpenFileName(this, tr("Load GOG Overlay"), QString(), tr("GOG (*.gog)"));
     if (path.isEmpty())
       return;
-    store_.attachGogFile(0, path.toStdString());
+    runCommand(tr("Load %1").arg(QFileInfo(path).fileName()).toStdString(),
+               [&] { store_.attachGogFile(0, path.toStdString()); });
     setModified(true);
     globe_->refresh();
   });
@@ -316,14 +319,17 @@ bool MainWindow::importTracks(const QString& path)
   const bool replace = store_.entityCount() == 0 && !store_.properties().initialized;
   const std::string file = path.toStdString();
   ReadReport report;
-  if (path.endsWith(".csv", Qt::CaseInsensitive))
-    report = CsvTrackReader(store_, {false, replace}).readFile(file);
-  else
-  {
-    GdalTrackReader::Options options;
-    options.replace = replace;
-    report = GdalTrackReader(store_, options).readFile(file);
-  }
+  // Added to a scenario, the tracks are one step to undo.
+  runCommand(tr("Import %1").arg(QFileInfo(path).fileName()).toStdString(), [&] {
+    if (path.endsWith(".csv", Qt::CaseInsensitive))
+      report = CsvTrackReader(store_, {false, replace}).readFile(file);
+    else
+    {
+      GdalTrackReader::Options options;
+      options.replace = replace;
+      report = GdalTrackReader(store_, options).readFile(file);
+    }
+  });
   notifyProblems_(report);
   if (!report.loaded)
   {

@@ -199,6 +199,11 @@ TEST_F(KelvorLiteWindow, ImportAddsTheTracksOfATrackFileAndExportWritesEveryPlat
   EXPECT_EQ(2 * platforms, host->store().list(PI_PLATFORM_TYPE).size()) << "added to the scenario open";
   EXPECT_TRUE(host->window().isModified());
   EXPECT_EQ(2024, host->store().properties().referenceYear);
+  EXPECT_EQ("Undo \"Import demo.gpkg\"", host->window().undoAction()->text());
+  host->window().undo();
+  EXPECT_EQ(platforms, host->store().list(PI_PLATFORM_TYPE).size()) << "the import is one step";
+  EXPECT_FALSE(host->window().isModified());
+  host->window().redo();
 
   // A file that cannot be read adds nothing and says why.
   QFile bad(dir.filePath("bad.geojson"));
