@@ -1,6 +1,7 @@
 #include "cli/CommandContext.h"
 
 #include "files/AtomicFile.h"
+#include "files/GdalTrackWriter.h"
 #include "files/ScenarioWriter.h"
 
 #include <QJsonDocument>
@@ -163,8 +164,19 @@ std::size_t CommandContext::reportRemoved(const std::vector<UniqueID_t>& ids,
   return removed;
 }
 
+bool CommandContext::writesTrackFormat_(const std::string& path)
+{
+  // A scenario's text under a track file's name would replace the track file with what no tool reads.
+  return !GdalTrackWriter::driverFor(path).empty();
+}
+
 bool CommandContext::writeScenario(const std::string& path, kelCore::CoordinateSystem positions)
 {
+  if (writesTrackFormat_(path))
+  {
+    fail(path + ": a scenario (.kls) is written here; export writes GPX, KML, GeoJSON and GeoPackage");
+    return false;
+  }
   progress_.step("writing " + path);
   std::string error;
   const bool written = ScenarioWriter(session_.store(), {positions}).writeFile(path, error);

@@ -87,6 +87,8 @@ public:
   void printJson(const QJsonObject& object);
 
 private:
+  /// @return whether a path names a track file of another tool's format, which a scenario must not replace
+  static bool writesTrackFormat_(const std::string& path);
   /// Reads a file, printing every line that cannot be read. @return false when it could not be loaded
   bool open_(const std::string& path);
   bool writeAtomically_(const std::string& path, const std::function<void(std::ostream&)>& write);

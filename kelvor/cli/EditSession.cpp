@@ -69,9 +69,23 @@ bool EditSession::isScenario(const std::string& path)
     if (end == ".kls")
       return true;
   }
+  // The first line that is neither blank nor a comment, within the file's first few kilobytes
+  // (a track file may be one long line).
   std::ifstream in(path, std::ios::binary);
-  std::string word;
-  return in >> word && kelCore::caseCompare(word, "kelvor-scenario") == 0;
+  std::string start(4096, '\0');
+  in.read(start.data(), static_cast<std::streamsize>(start.size()));
+  start.resize(static_cast<std::size_t>(in.gcount()));
+  std::size_t at = start.rfind("\xEF\xBB\xBF", 0) == 0 ? 3 : 0;
+  while (at < start.size())
+  {
+    at = start.find_first_not_of(" \t\r\n", at);
+    if (at == std::string::npos || start[at] != '#')
+      break;
+    at = start.find('\n', at);
+  }
+  const std::string header = "kelvor-scenario";
+  return at != std::string::npos && at + header.size() <= start.size() &&
+         kelCore::caseCompare(start.substr(at, header.size()), header) == 0;
 }
 
 ReadReport EditSession::open(const std::string& path, int referenceYear)

@@ -102,13 +102,18 @@ int check(CommandContext& context)
   const std::string& path = context.inFile();
   const ReadReport& report = context.report();
   // A replaced record is a warning, not an error: the file still reads whole.
+  // A track file GDAL reads is counted in features, not lines, and is read whole or not at all.
+  const bool text = EditSession::isCsv(path) || EditSession::isScenario(path);
   if (report.errors.empty())
   {
-    // A track file GDAL reads is counted in features, not lines.
-    const bool text = EditSession::isCsv(path) || EditSession::isScenario(path);
     context.out() << path << ": " << report.lines << (text ? " lines" : " features") << ", all readable"
                   << replacements(report) << '\n';
     return 0;
+  }
+  if (!text)
+  {
+    context.out() << path << ": cannot be read as tracks, for the reason above\n";
+    return 1;
   }
   context.out() << path << ": " << report.errors.size() << " of " << report.lines << " lines cannot be read"
                 << replacements(report) << '\n';

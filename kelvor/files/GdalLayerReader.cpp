@@ -28,6 +28,15 @@ const char* const PASSED_OVER[] = {"track_fid",  "track_seg_id", "track_seg_poin
                                    "altitudemode", "tessellate", "extrude",           "visibility", "draworder",
                                    "icon",         "snippet",     "begin",             "end",        "times"};
 
+/// The latest Unix second taken, about the year 5000: beyond it times are no times a track holds.
+constexpr double LATEST_SECONDS = 1e11;
+
+/// @return whether a number read as Unix seconds can be a track's time
+bool plausibleSeconds(double seconds)
+{
+  return std::isfinite(seconds) && std::fabs(seconds) <= LATEST_SECONDS;
+}
+
 std::string lower(std::string text)
 {
   for (char& c : text)
@@ -262,7 +271,10 @@ bool GdalLayerReader::time_(OGRFeature& feature, const Fields& fields, double& s
     {
       seconds = feature.GetFieldAsDouble(i);
       millis = false;
-      return true;
+      if (plausibleSeconds(seconds))
+        return true;
+      fail_(layer, number, "bad time " + NumberText::format(seconds) + ": Unix seconds, within the years 1 to 5000");
+      return false;
     }
     OGRField parsed;
     const OGRField* field = feature.GetRawFieldRef(i);
@@ -412,9 +424,9 @@ std::size_t GdalLayerReader::readLine_(OGRFeature& feature, const OGRGeometry& g
     for (int i = 0; i < part->getNumPoints(); ++i, ++vertex)
     {
       StoredPlatformPoint p;
-      if (!std::isfinite(times[vertex]))
+      if (!plausibleSeconds(times[vertex]))
       {
-        fail_(summary.name, number, "vertex " + std::to_string(vertex + 1) + " has no time");
+        fail_(summary.name, number, "vertex " + std::to_string(vertex + 1) + " has no time in Unix seconds");
         return 0;
       }
       if (!place_(transform, part->getX(i), part->getY(i), p, summary.name, number))

@@ -79,7 +79,9 @@ public:
   /// Reads every feature of a layer; its tracks are kept when some feature has a time.
   Summary read(OGRLayer& layer);
 
+  /// @return the tracks of the point layers read so far
   Tracks& points() { return points_; }
+  /// @return the tracks of the line layers read so far
   Tracks& lines() { return lines_; }
   /// @return the names of the layers read, in order: what Track::layers indexes.
   const std::vector<std::string>& layerNames() const { return layerNames_; }

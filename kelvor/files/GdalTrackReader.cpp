@@ -149,16 +149,16 @@ bool toScenarioTimes(GdalLayerReader::Track& track, int year, const std::vector<
 {
   const double start = yearStart(year);
   const auto since = [&](double unix) {
-    if (unix == GdalLayerReader::NO_TIME)
-      return -1.0;
     const double t = unix - start;
     return track.millis ? std::round(t * 1000.0) / 1000.0 : t;
   };
   for (std::size_t i = 0; i < track.points.size(); ++i)
   {
     StoredPlatformPoint& p = track.points[i];
-    p.time = since(p.time);
-    if (p.time < 0.0 && p.time != -1.0)
+    // A feature without a time is a static point; a time before the year cannot be one.
+    const bool timed = p.time != GdalLayerReader::NO_TIME;
+    p.time = timed ? since(p.time) : -1.0;
+    if (timed && p.time < 0.0)
     {
       report.errors.push_back(path + ":" + layers[track.layers[i]] + ":feature " + std::to_string(track.features[i]) +
                               ": time before the reference year " + std::to_string(year));
@@ -166,7 +166,7 @@ bool toScenarioTimes(GdalLayerReader::Track& track, int year, const std::vector<
     }
   }
   for (PIData::PIGenericDataPoint& g : track.generic)
-    g.time = since(g.time);
+    g.time = g.time == GdalLayerReader::NO_TIME ? -1.0 : since(g.time);
   return true;
 }
 
@@ -237,7 +237,9 @@ ReadReport GdalTrackReader::readFile(const std::string& path)
     VSIStatBufL stat;
     if (VSIStatL(path.c_str(), &stat) != 0)
       return ReadReport::unopened(path);
-    return fail("not a vector file GDAL reads" + (gdal.failed() ? ": " + gdal.firstFailure("") : std::string()));
+    return fail("not a track file of the formats read here (GPX, KML, GeoJSON, TopoJSON, GeoPackage, shapefile, "
+                "FlatGeobuf, MapInfo, FileGDB)" +
+                (gdal.failed() ? ": " + gdal.firstFailure("") : std::string()));
   }
 
   GdalLayerReader reader(path, report);

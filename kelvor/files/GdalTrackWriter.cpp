@@ -258,13 +258,16 @@ bool GdalTrackWriter::writeFile(const std::string& path, const std::vector<Uniqu
   CPLStringList options;
   if (gpx)
     options.SetNameValue("GPX_USE_EXTENSIONS", "YES");
+  GDALDatasetUniquePtr dataset;
   const auto failed = [&](const std::string& reason) {
     error = "cannot write " + path + ": " + gdal.firstFailure(reason);
+    // Some drivers write their file as the dataset closes: it goes before the file does.
+    dataset.reset();
     VSIUnlink(temporary.c_str());
     return false;
   };
   {
-    GDALDatasetUniquePtr dataset(driver->Create(temporary.c_str(), 0, 0, 0, GDT_Unknown, options.List()));
+    dataset.reset(driver->Create(temporary.c_str(), 0, 0, 0, GDT_Unknown, options.List()));
     if (!dataset)
       return failed("cannot create " + temporary);
     OGRSpatialReference wgs84;
@@ -307,6 +310,7 @@ bool GdalTrackWriter::writeFile(const std::string& path, const std::vector<Uniqu
     if (gdal.failed())
       return failed("");
   }
+  dataset.reset();
   // Closing flushes what the driver held back; a failure there shows only as a reported error.
   if (gdal.failed())
     return failed("");

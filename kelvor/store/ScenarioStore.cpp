@@ -47,7 +47,9 @@ UniqueID_t ScenarioStore::createEntity(const EntityHeader& header, UniqueID_t ho
   {
     journal_->current().entities[id] = nullptr;
     keepEntity_(host);
-    keepScenario_();
+    // The scenario's settings change only when this is its first entity.
+    if (!properties_.initialized)
+      keepScenario_();
   }
   entities_[id] = std::move(e);
   if (host)
@@ -97,7 +99,8 @@ void ScenarioStore::removeOne_(UniqueID_t id)
   if (listener_)
     listener_->entityRemoving(id);
   keepEntity_(id);
-  keepScenario_();
+  if (drawFlags_.count(id) || gogFiles_.count(id))
+    keepScenario_();
   for (long table : entities_.at(id)->tables)
   {
     keepTable_(table);
@@ -524,7 +527,7 @@ void ScenarioStore::exchange_(StoreJournal::Step& step)
     image = std::move(present);
   }
   const bool yearChanged = step.hasScenario && exchangeScenario_(*step.scenario);
-  tellExchanged_(added, changed, yearChanged);
+  tellExchanged_(added, changed, step.hasScenario, yearChanged);
 }
 
 bool ScenarioStore::exchangeScenario_(StoreJournal::Scenario& image)
@@ -539,7 +542,8 @@ bool ScenarioStore::exchangeScenario_(StoreJournal::Scenario& image)
   return properties_.referenceYear != year;
 }
 
-void ScenarioStore::tellExchanged_(const std::vector<UniqueID_t>& added, std::set<UniqueID_t> changed, bool yearChanged)
+void ScenarioStore::tellExchanged_(const std::vector<UniqueID_t>& added, std::set<UniqueID_t> changed,
+                                   bool settingsChanged, bool yearChanged)
 {
   if (!listener_)
     return;
@@ -553,6 +557,9 @@ void ScenarioStore::tellExchanged_(const std::vector<UniqueID_t>& added, std::se
     listener_->dataChanged(changed);
   if (yearChanged)
     listener_->referenceYearChanged();
+  // Rules, draw flags, overlays and properties have no events of their own.
+  if (settingsChanged)
+    listener_->scenarioReset();
 }
 
 bool ScenarioStore::undo()

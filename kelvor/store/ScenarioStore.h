@@ -140,7 +140,8 @@ public:
   StoreJournal* journal() { return journal_.get(); }
   /**
    * Restores the state before the newest step. The listener hears of each entity the step's
-   * undoing removes, adds or changes, and of a changed reference year.
+   * undoing removes, adds or changes, and of a changed reference year; a step that changed the
+   * scenario's own settings (properties, rules, draw flags, overlays) ends with a scenario reset.
    * @return false when there is nothing to undo
    */
   bool undo();
@@ -158,14 +159,15 @@ private:
   void keepEntityForFlush_(UniqueID_t id, PIData::FlushType type);
   void keepTable_(long id);
   void keepScenario_();
-  /// Exchanges a step's pre-images with the present state; the step then holds what it replaced.
   /// Cuts a closing step's entity pre-images down to the items that differ from the present.
   void trimToChanges_(StoreJournal::Step& step);
+  /// Exchanges a step's pre-images with the present state; the step then holds what it replaced.
   /// Tells the listener what the exchange removed (before it), added and changed (after it).
   void exchange_(StoreJournal::Step& step);
   /// Exchanges the scenario's own settings with a pre-image. @return whether the reference year changed
   bool exchangeScenario_(StoreJournal::Scenario& image);
-  void tellExchanged_(const std::vector<UniqueID_t>& added, std::set<UniqueID_t> changed, bool yearChanged);
+  void tellExchanged_(const std::vector<UniqueID_t>& added, std::set<UniqueID_t> changed, bool settingsChanged,
+                      bool yearChanged);
 
   std::map<UniqueID_t, std::unique_ptr<Entity>> entities_;
   UniqueID_t nextId_ = 1;

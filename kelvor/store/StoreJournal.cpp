@@ -53,6 +53,12 @@ void StoreJournal::markClean()
   cleanReachable_ = true;
 }
 
+void StoreJournal::markUnsaved()
+{
+  endStep();
+  cleanReachable_ = false;
+}
+
 bool StoreJournal::isClean() const
 {
   if (!cleanReachable_ || (open_ && !open_->empty()))
@@ -68,10 +74,11 @@ void StoreJournal::setBudget(std::size_t bytes)
 
 void StoreJournal::keepWithinBudget_()
 {
-  // The newest step to undo stays whatever its size: the last edit can always be taken back.
-  while (bytes_ > budget_ && undo_.size() + redo_.size() > 1)
+  // The steps next to the present stay whatever their size: the last edit can always be taken
+  // back, and the one just undone made again. The oldest go first, then the farthest to redo.
+  while (bytes_ > budget_ && (undo_.size() > 1 || redo_.size() > 1))
   {
-    std::vector<std::unique_ptr<Step>>& from = undo_.size() > 1 || redo_.empty() ? undo_ : redo_;
+    std::vector<std::unique_ptr<Step>>& from = undo_.size() > 1 ? undo_ : redo_;
     // The state with nothing to undo goes with the oldest step to undo.
     if (&from == &undo_ && clean_ == nullptr)
       cleanReachable_ = false;

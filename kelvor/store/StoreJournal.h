@@ -104,6 +104,9 @@ public:
 
   /// Marks the present state as the saved one.
   void markClean();
+  /// Marks the present state as unsaved, with no saved state to come back to by undo or redo
+  /// (a scenario made by an import, not read from its file).
+  void markUnsaved();
   /// @return whether the present state is the one last marked clean (or the opened one, if none)
   bool isClean() const;
 

@@ -298,7 +298,11 @@ bool MainWindow::openFile(const QString& path)
   if (const std::string replaced = report.replacementSummary(); !replaced.empty())
     opened += "; " + QString::fromStdString(replaced);
   notifications_->add(opened, NOTIFY_NOTICE);
-  setModified(csv || !report.errors.empty());
+  const bool unsaved = csv || !report.errors.empty();
+  // Undoing back to a scenario that no file holds does not make it saved.
+  if (unsaved && store_.journal())
+    store_.journal()->markUnsaved();
+  setModified(unsaved);
   globe_->layer().clearOverlays();
   refreshNow();
   globe_->showScenario();
@@ -337,6 +341,8 @@ bool MainWindow::importTracks(const QString& path)
     return false;
   }
   notifications_->add(tr("Imported %1: %2 platforms").arg(path).arg(report.entities), NOTIFY_NOTICE);
+  if (replace && store_.journal())
+    store_.journal()->markUnsaved();
   setModified(true);
   refreshNow();
   return true;

@@ -32,6 +32,14 @@ bool onPath(const std::string& tool)
   return std::system(("command -v " + tool + " >/dev/null 2>&1").c_str()) == 0;
 }
 
+std::string contentsOf(const std::string& file)
+{
+  std::ifstream in(file, std::ios::binary);
+  std::ostringstream all;
+  all << in.rdbuf();
+  return all.str();
+}
+
 std::string scenarioText(const ScenarioStore& store)
 {
   std::ostringstream text;
@@ -159,8 +167,8 @@ protected:
 
 TEST_F(GdalTracks, FilesOfOtherToolsImportWithEveryPointAndTime)
 {
-  if (!onPath("gpsbabel") || !onPath("ogr2ogr"))
-    GTEST_SKIP() << "gpsbabel and ogr2ogr make this test's files";
+  ASSERT_TRUE(onPath("gpsbabel") && onPath("ogr2ogr"))
+    << "gpsbabel and ogr2ogr make this test's files: scripts/install-deps.sh installs them";
   const std::string gpx = babelGpx();
   ScenarioStore store;
   ReadReport report = import(gpx, store);
@@ -217,8 +225,7 @@ TEST_F(GdalTracks, ExportThenImportGivesTheSameScenarioInEveryFormat)
 
 TEST_F(GdalTracks, LinesWithTimesAreTracksWhenNoPointLayerHasTimes)
 {
-  if (!onPath("ogr2ogr"))
-    GTEST_SKIP() << "ogr2ogr takes the lines out of an export";
+  ASSERT_TRUE(onPath("ogr2ogr")) << "ogr2ogr takes the lines out of an export: scripts/install-deps.sh installs it";
   // A line needs two vertices: a platform of one point has none.
   std::vector<UniqueID_t> ids;
   std::vector<const Entity*> lined;
@@ -285,12 +292,31 @@ TEST_F(GdalTracks, FieldsGroupTimeAndDescribeThePoints)
   ASSERT_EQ(1u, report.errors.size());
   EXPECT_EQ(file + ":log:feature 2: bad time 'soon': a date-time such as 2024-07-01T12:00:00.25Z", report.errors[0]);
   EXPECT_EQ(2u, store.list(PI_PLATFORM_TYPE).size()) << "nothing of the bad file loaded";
+
+  // Unix seconds beyond any year a track can hold are refused too, not read into the clock.
+  std::ofstream(file) << R"({"type":"FeatureCollection","name":"log","features":[
+{"type":"Feature","properties":{"time":1.5e300},"geometry":{"type":"Point","coordinates":[10,50]}}]})";
+  report = import(file, store);
+  ASSERT_FALSE(report.loaded);
+  ASSERT_EQ(1u, report.errors.size());
+  EXPECT_EQ(0u, report.errors[0].find(file + ":log:feature 1: bad time")) << report.errors[0];
+
+  // A point one second before the year its times count from is no static point.
+  std::ofstream(file) << R"({"type":"FeatureCollection","name":"log","features":[
+{"type":"Feature","properties":{"time":"2024-12-31T23:59:59Z"},"geometry":{"type":"Point","coordinates":[10,50]}}]})";
+  ScenarioStore of2025;
+  of2025.editProperties().referenceYear = 2025;
+  GdalTrackReader::Options add;
+  add.replace = false;
+  report = GdalTrackReader(of2025, add).readFile(file);
+  ASSERT_FALSE(report.loaded);
+  EXPECT_NE(std::string::npos, report.errors.at(0).find("time before the reference year 2025")) << report.errors[0];
 }
 
 TEST_F(GdalTracks, FilesWithoutTimesEmptyOrCorruptAreRefusedAndLoadNothing)
 {
-  if (!onPath("gpsbabel") || !onPath("ogr2ogr"))
-    GTEST_SKIP() << "gpsbabel and ogr2ogr make this test's files";
+  ASSERT_TRUE(onPath("gpsbabel") && onPath("ogr2ogr"))
+    << "gpsbabel and ogr2ogr make this test's files: scripts/install-deps.sh installs them";
   const std::string gpx = babelGpx();
   ASSERT_TRUE(run("ogr2ogr -f KML '" + path("lines.kml") + "' '" + gpx + "' tracks"));
   ASSERT_TRUE(run("ogr2ogr -f GeoJSON '" + path("empty.geojson") + "' '" + gpx + "' track_points -where \"1=0\""));
@@ -315,8 +341,8 @@ TEST_F(GdalTracks, FilesWithoutTimesEmptyOrCorruptAreRefusedAndLoadNothing)
                       std::to_string(vertices) + " vertices and no M values or times field"},
     {"empty.geojson", "empty.geojson: no features: 1 layer: 'track_points' is empty"},
     {"cut.gpx", "cut.gpx: cannot be read to its end: XML parsing of GPX file failed"},
-    {"noise.gpkg", "noise.gpkg: not a vector file GDAL reads"},
-    {"other.vrt", "other.vrt: not a vector file GDAL reads"},
+    {"noise.gpkg", "noise.gpkg: not a track file of the formats read here"},
+    {"other.vrt", "other.vrt: not a track file of the formats read here"},
     {"missing.gpx", "missing.gpx:0: cannot open the file"},
   };
   const std::string before = scenarioText(demo);
@@ -372,6 +398,11 @@ TEST_F(KelvorEditTrackFiles, ExportWritesWhatConvertReadsBackAndNothingOnFailure
   EXPECT_NE(std::string::npos, err.str().find("no times: 1 layer: 'lines' 1 line with 2 vertices")) << err.str();
   EXPECT_EQ(KelvorEdit::FAILURE, edit({"export", DEMO, path("no/such/folder/out.gpkg")}));
   EXPECT_NE(std::string::npos, err.str().find("cannot write")) << err.str();
+  // A command that writes a scenario does not write it over a track file.
+  const std::string before = contentsOf(gpx);
+  EXPECT_EQ(KelvorEdit::FAILURE, edit({"decimate", gpx, gpx, "--method", "point", "--every", "2"}));
+  EXPECT_NE(std::string::npos, err.str().find("a scenario (.kls) is written here")) << err.str();
+  EXPECT_TRUE(before == contentsOf(gpx)) << "the track file is as it was";
   for (const char* name : {"out.shp", "out.kml", "out.kls"})
     EXPECT_FALSE(std::filesystem::exists(path(name))) << name;
 }

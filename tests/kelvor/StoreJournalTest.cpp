@@ -292,7 +292,19 @@ TEST_F(StoreJournal, TheOldestStepsGoWhenTheJournalOutgrowsItsBudget)
   const std::string changed = file();
   ASSERT_TRUE(store.undo());
   ASSERT_TRUE(store.redo());
-  EXPECT_EQ(changed, file());
+  EXPECT_TRUE(changed == file());
+
+  // Once a step is undone, the steps on either side of the present stay: the one just undone
+  // can be made again even when the budget shrinks below it.
+  store.journal()->setBudget(std::size_t(1) << 30);
+  store.journal()->beginStep("Later");
+  rewriteEveryOtherPoint(ids[1]);
+  store.journal()->endStep();
+  ASSERT_TRUE(store.undo());
+  store.journal()->setBudget(1);
+  EXPECT_EQ(1u, store.journal()->undoSteps().size());
+  ASSERT_EQ(1u, store.journal()->redoSteps().size());
+  EXPECT_EQ("Later", store.journal()->redoSteps().back()->name);
 }
 
 TEST_F(StoreJournal, TheSavedStateIsCleanAgainWhenUndoOrRedoComesBackToIt)
@@ -317,6 +329,16 @@ TEST_F(StoreJournal, TheSavedStateIsCleanAgainWhenUndoOrRedoComesBackToIt)
   steps.thin(ids[2]);
   ASSERT_TRUE(store.undo());
   EXPECT_FALSE(store.journal()->isClean());
+
+  // A scenario no file holds (an import) is unsaved, however far undo goes back.
+  store.journal()->markClean();
+  store.journal()->markUnsaved();
+  EXPECT_FALSE(store.journal()->isClean());
+  steps.thin(ids[0]);
+  ASSERT_TRUE(store.undo());
+  EXPECT_FALSE(store.journal()->isClean());
+  store.journal()->markClean();
+  EXPECT_TRUE(store.journal()->isClean()) << "until it is saved";
 }
 
 // Undo and redo tell the views what they remove (children first, while still there), add (hosts
@@ -361,7 +383,7 @@ TEST_F(StoreJournal, UndoAndRedoTellWhichEntitiesTheyAddRemoveAndChange)
   store.journal()->endStep();
   log.events.clear();
   ASSERT_TRUE(store.undo());
-  EXPECT_EQ(std::vector<std::string>{"year"}, log.events);
+  EXPECT_EQ((std::vector<std::string>{"year", "reset"}), log.events) << "the settings have no event of their own";
   store.setListener(nullptr);
 }
 
