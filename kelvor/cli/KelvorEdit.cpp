@@ -206,7 +206,8 @@ void commandHelp(const CommandEntry& entry, std::ostream& out)
 {
   out << "Usage: kelvor-edit " << entry.synopsis << "\n\n" << entry.help;
   out << "\nIN and FILE may be a scenario (.kls), a CSV track (.csv) or a track file GDAL reads (.gpx, .kml,\n"
-         ".geojson, .gpkg, .shp...); OUT may be IN.\n";
+         ".geojson, .gpkg, .shp...); OUT may be IN, but is always written as a scenario, never over a track\n"
+         "file (export writes those).\n";
   if (!ownsReferenceYear(entry))
     out << "  --reference-year Y  for a track file: the year its times count from (by default the year of its\n"
            "                      first time when the times are dates or Unix seconds)\n";
