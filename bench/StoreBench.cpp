@@ -68,6 +68,21 @@ std::vector<PIData::PIPlatformPoint> everyOther(const std::vector<PIData::PIPlat
   return kept;
 }
 
+/// @return a new platform holding the points
+UniqueID_t platformWith(const std::vector<PIData::PIPlatformPoint>& points)
+{
+  const UniqueID_t id = newPlatform();
+  PIData::addDataPoints(id, &points);
+  return id;
+}
+
+/// Rewrites a platform's track whole, as a thinning command does: flush, then the kept points.
+void rewrite(UniqueID_t id, const std::vector<PIData::PIPlatformPoint>& kept)
+{
+  PIData::flushEntityData(id, PIData::FLUSH_POINTS);
+  PIData::addDataPoints(id, &kept);
+}
+
 void BM_RewriteTrack(benchmark::State& state)
 {
   const auto points = track(1000000);
@@ -76,12 +91,10 @@ void BM_RewriteTrack(benchmark::State& state)
   {
     state.PauseTiming();
     Host host;
-    const UniqueID_t id = newPlatform();
-    PIData::addDataPoints(id, &points);
+    const UniqueID_t id = platformWith(points);
     host.store.keepJournal(state.range(0) != 0);
     state.ResumeTiming();
-    PIData::flushEntityData(id, PIData::FLUSH_POINTS);
-    PIData::addDataPoints(id, &kept);
+    rewrite(id, kept);
     if (host.store.journal())
       host.store.journal()->endStep();
   }
@@ -97,11 +110,9 @@ void BM_UndoRewriteTrack(benchmark::State& state)
   {
     state.PauseTiming();
     Host host;
-    const UniqueID_t id = newPlatform();
-    PIData::addDataPoints(id, &points);
+    const UniqueID_t id = platformWith(points);
     host.store.keepJournal(true);
-    PIData::flushEntityData(id, PIData::FLUSH_POINTS);
-    PIData::addDataPoints(id, &kept);
+    rewrite(id, kept);
     state.ResumeTiming();
     host.store.undo();
     host.store.redo();
@@ -125,8 +136,7 @@ void BM_MoveOnePointOfTrack(benchmark::State& state)
   {
     state.PauseTiming();
     Host host;
-    const UniqueID_t id = newPlatform();
-    PIData::addDataPoints(id, &points);
+    const UniqueID_t id = platformWith(points);
     host.store.keepJournal(state.range(0) != 0);
     state.ResumeTiming();
     PIData::addDataPoint(id, &moved);

@@ -28,6 +28,13 @@ std::string registryPath()
   return (folder + "/kelvor-edit.ini").toStdString();
 }
 
+/// @return whether path ends in ending, whatever the case of its letters
+bool endsWith(const std::string& path, const std::string& ending)
+{
+  return path.size() >= ending.size() &&
+         kelCore::caseCompare(path.substr(path.size() - ending.size()), ending) == 0;
+}
+
 } // namespace
 
 EditSession::EditSession()
@@ -49,26 +56,12 @@ EditSession::~EditSession()
   g_ClientMessageMap.clear();
 }
 
-bool EditSession::isCsv(const std::string& path)
-{
-  if (path.size() < 4)
-    return false;
-  std::string end = path.substr(path.size() - 4);
-  for (char& c : end)
-    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return end == ".csv";
-}
+bool EditSession::isCsv(const std::string& path) { return endsWith(path, ".csv"); }
 
 bool EditSession::isScenario(const std::string& path)
 {
-  if (path.size() >= 4)
-  {
-    std::string end = path.substr(path.size() - 4);
-    for (char& c : end)
-      c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    if (end == ".kls")
-      return true;
-  }
+  if (endsWith(path, ".kls"))
+    return true;
   // The first line that is neither blank nor a comment, within the file's first few kilobytes
   // (a track file may be one long line).
   std::ifstream in(path, std::ios::binary);

@@ -135,6 +135,16 @@ private:
   char date_[64] = {};
 };
 
+/// Writes a point's position as GeoJSON orders it: longitude, latitude (degrees), altitude (metres).
+void position(Text& text, const StoredPlatformPoint& p)
+{
+  text.number(p.lon * DEG);
+  text << ',';
+  text.number(p.lat * DEG);
+  text << ',';
+  text.number(p.alt);
+}
+
 } // namespace
 
 void GeoJsonTrackWriter::write(std::ostream& out, const std::vector<UniqueID_t>& platforms) const
@@ -189,11 +199,7 @@ void GeoJsonTrackWriter::write(std::ostream& out, const std::vector<UniqueID_t>&
           continue;
         text << (firstTime ? "[" : ",[");
         firstTime = false;
-        text.number(p.lon * DEG);
-        text << ',';
-        text.number(p.lat * DEG);
-        text << ',';
-        text.number(p.alt);
+        position(text, p);
         text << ']';
         text.flushIfFull();
       }
@@ -230,11 +236,7 @@ void GeoJsonTrackWriter::write(std::ostream& out, const std::vector<UniqueID_t>&
         text.number(p.velUp);
       }
       text << "},\"geometry\":{\"type\":\"Point\",\"coordinates\":[";
-      text.number(p.lon * DEG);
-      text << ',';
-      text.number(p.lat * DEG);
-      text << ',';
-      text.number(p.alt);
+      position(text, p);
       text << "]}}";
     }
   }

@@ -562,23 +562,23 @@ void ScenarioStore::tellExchanged_(const std::vector<UniqueID_t>& added, std::se
     listener_->scenarioReset();
 }
 
-bool ScenarioStore::undo()
-{
-  std::unique_ptr<StoreJournal::Step> step = journal_ ? journal_->takeUndo() : nullptr;
-  if (!step)
-    return false;
-  exchange_(*step);
-  journal_->pushRedo(std::move(step));
-  return true;
-}
+bool ScenarioStore::undo() { return replay_(true); }
 
-bool ScenarioStore::redo()
+bool ScenarioStore::redo() { return replay_(false); }
+
+bool ScenarioStore::replay_(bool back)
 {
-  std::unique_ptr<StoreJournal::Step> step = journal_ ? journal_->takeRedo() : nullptr;
+  if (!journal_)
+    return false;
+  std::unique_ptr<StoreJournal::Step> step = back ? journal_->takeUndo() : journal_->takeRedo();
   if (!step)
     return false;
   exchange_(*step);
-  journal_->pushUndo(std::move(step));
+  // The step now holds what it replaced: the way to where it was taken from.
+  if (back)
+    journal_->pushRedo(std::move(step));
+  else
+    journal_->pushUndo(std::move(step));
   return true;
 }
 

@@ -159,6 +159,8 @@ private:
   void keepEntityForFlush_(UniqueID_t id, PIData::FlushType type);
   void keepTable_(long id);
   void keepScenario_();
+  /// Undoes (back) or redoes the next step. @return false when there is none
+  bool replay_(bool back);
   /// Cuts a closing step's entity pre-images down to the items that differ from the present.
   void trimToChanges_(StoreJournal::Step& step);
   /// Exchanges a step's pre-images with the present state; the step then holds what it replaced.

@@ -137,24 +137,17 @@ StoreJournal::Step& StoreJournal::current()
   return *open_;
 }
 
-std::unique_ptr<StoreJournal::Step> StoreJournal::takeUndo()
-{
-  endStep();
-  if (undo_.empty())
-    return nullptr;
-  std::unique_ptr<Step> step = std::move(undo_.back());
-  undo_.pop_back();
-  bytes_ -= step->bytes;
-  return step;
-}
+std::unique_ptr<StoreJournal::Step> StoreJournal::takeUndo() { return take_(undo_); }
 
-std::unique_ptr<StoreJournal::Step> StoreJournal::takeRedo()
+std::unique_ptr<StoreJournal::Step> StoreJournal::takeRedo() { return take_(redo_); }
+
+std::unique_ptr<StoreJournal::Step> StoreJournal::take_(std::vector<std::unique_ptr<Step>>& steps)
 {
   endStep();
-  if (redo_.empty())
+  if (steps.empty())
     return nullptr;
-  std::unique_ptr<Step> step = std::move(redo_.back());
-  redo_.pop_back();
+  std::unique_ptr<Step> step = std::move(steps.back());
+  steps.pop_back();
   bytes_ -= step->bytes;
   return step;
 }

@@ -119,6 +119,8 @@ private:
   /// Drops the oldest steps to undo, then to redo, while the steps take more than the budget.
   void keepWithinBudget_();
   void file_(std::vector<std::unique_ptr<Step>>& steps, std::unique_ptr<Step> step);
+  /// Takes the newest of the steps, closing the open one first. @return null when there is none
+  std::unique_ptr<Step> take_(std::vector<std::unique_ptr<Step>>& steps);
   /// Forgets a step for good, noting when the clean state goes with it.
   void drop_(const Step& step);
   static std::size_t measure_(const Step& step);

@@ -4,7 +4,7 @@
 #include "cli/EditSession.h"
 #include "cli/KelvorEdit.h"
 #include "files/ScenarioReader.h"
-#include "files/ScenarioWriter.h"
+#include "support/ScenarioChecks.h"
 
 #include <QTemporaryDir>
 
@@ -20,20 +20,8 @@ namespace
 
 const std::string DEMO = std::string(SEP_SOURCE_DIR) + "/data/demo.kls";
 
-std::string fileOf(const ScenarioStore& store)
-{
-  std::ostringstream out;
-  ScenarioWriter(store).write(out);
-  return out.str();
-}
-
-std::string contentsOf(const std::string& path)
-{
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream all;
-  all << in.rdbuf();
-  return all.str();
-}
+const auto fileOf = ScenarioChecks::scenarioText;
+const auto contentsOf = ScenarioChecks::fileContents;
 
 /// Journals the command's session, then undoes and redoes its step, noting the files between.
 class UndoRecorder : public KelvorEdit::SessionObserver

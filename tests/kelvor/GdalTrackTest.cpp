@@ -5,8 +5,8 @@
 #include "files/GdalTrackReader.h"
 #include "files/GdalTrackWriter.h"
 #include "files/ScenarioReader.h"
-#include "files/ScenarioWriter.h"
 #include "kelCore/Iso8601TimeFormatter.h"
+#include "support/ScenarioChecks.h"
 #include "kelCore/TimeStamp.h"
 
 #include <QTemporaryDir>
@@ -32,20 +32,8 @@ bool onPath(const std::string& tool)
   return std::system(("command -v " + tool + " >/dev/null 2>&1").c_str()) == 0;
 }
 
-std::string contentsOf(const std::string& file)
-{
-  std::ifstream in(file, std::ios::binary);
-  std::ostringstream all;
-  all << in.rdbuf();
-  return all.str();
-}
-
-std::string scenarioText(const ScenarioStore& store)
-{
-  std::ostringstream text;
-  ScenarioWriter(store).write(text);
-  return text.str();
-}
+const auto contentsOf = ScenarioChecks::fileContents;
+using ScenarioChecks::scenarioText;
 
 std::vector<const Entity*> platformsOf(const ScenarioStore& store)
 {

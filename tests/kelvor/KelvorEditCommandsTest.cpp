@@ -8,7 +8,7 @@
 #include "actions/VelocityDialog.h"
 #include "cli/EditSession.h"
 #include "cli/KelvorEdit.h"
-#include "files/ScenarioWriter.h"
+#include "support/ScenarioChecks.h"
 #include "host/PIData.h"
 #include "merge/AutoMerge.h"
 #include "merge/AutomaticMergeWidget.h"
@@ -88,20 +88,8 @@ std::string sampleScenario()
   return text.str();
 }
 
-std::string scenarioText(const ScenarioStore& store)
-{
-  std::ostringstream text;
-  ScenarioWriter(store).write(text);
-  return text.str();
-}
-
-std::string fileText(const std::string& path)
-{
-  std::ifstream in(path);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
+using ScenarioChecks::scenarioText;
+const auto fileText = ScenarioChecks::fileContents;
 
 std::vector<QtSep::EntityInfo> platformsOf(const ScenarioStore& store)
 {

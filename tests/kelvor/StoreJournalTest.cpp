@@ -1,6 +1,6 @@
 // The store's journal: every change a plug-in makes through the call path undoes to the very
 // file the scenario was before, and redoes to the file of the change.
-#include "files/ScenarioWriter.h"
+#include "support/ScenarioChecks.h"
 #include "host/PIData.h"
 #include "host/PIDataCategories.h"
 #include "host/PIDataTableCreateHelper.h"
@@ -16,12 +16,7 @@ namespace
 class StoreJournal : public ServerFixture
 {
 protected:
-  std::string file() const
-  {
-    std::ostringstream out;
-    kelvor::ScenarioWriter(store).write(out);
-    return out.str();
-  }
+  std::string file() const { return ScenarioChecks::scenarioText(store); }
 
   /// A scenario of every kind, journalled from here on.
   void makeScenario(unsigned seed)

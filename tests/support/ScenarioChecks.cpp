@@ -4,6 +4,8 @@
 #include "files/ScenarioWriter.h"
 
 #include <algorithm>
+#include <fstream>
+#include <sstream>
 #include <map>
 #include <charconv>
 #include <cmath>
@@ -844,6 +846,21 @@ std::vector<std::string> differences(const ScenarioStore& store, const std::vect
       compareEntity(static_cast<long long>(i + 1), store, *a, placesA, store, *b, placesB, findings);
   }
   return findings.take();
+}
+
+std::string scenarioText(const ScenarioStore& store)
+{
+  std::ostringstream text;
+  kelvor::ScenarioWriter(store).write(text);
+  return text.str();
+}
+
+std::string fileContents(const std::string& path)
+{
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream all;
+  all << in.rdbuf();
+  return all.str();
 }
 
 std::vector<std::string> saveAndReadBack(const ScenarioStore& store, const std::string& path)

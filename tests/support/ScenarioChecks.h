@@ -42,6 +42,12 @@ std::vector<std::string> differences(const kelvor::ScenarioStore& expected, cons
 std::vector<std::string> differences(const kelvor::ScenarioStore& store, const std::vector<UniqueID_t>& expected,
                                      const std::vector<UniqueID_t>& actual, std::size_t most = 20);
 
+/// @return the scenario file the store would be saved as (positions in LLA)
+std::string scenarioText(const kelvor::ScenarioStore& store);
+
+/// @return a file's bytes, empty when it cannot be read
+std::string fileContents(const std::string& path);
+
 /// Saves store to path, reads the file into a new store and compares. @return the reader's errors, then the differences
 std::vector<std::string> saveAndReadBack(const kelvor::ScenarioStore& store, const std::string& path);
 
